@@ -1,0 +1,1 @@
+-- placeholder: the delivery tables are defined here

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <tolvinpt/host.h>
+
+#include <QList>
+
+#include <memory>
+
+namespace tolvinpt::test {
+
+// In-memory host objects for tests: the settings and customers are plain data that a test edits.
+struct FakeCustomerData
+{
+    long id = 0;
+    QString code;
+    QString name;
+    bool deleted = false;
+    QStringList subCodes;
+    bool noQuantityBreakdown = false;
+    bool lenientEntry = false;
+    bool hideQuantityFrame = false;
+};
+
+struct FakeHostData
+{
+    QString connectionName;
+    bool multipleOwnCodes = false;
+    QList<OwnCodeEntry> ownCodes;
+    bool useQuantityBreakdown = true;
+    QString ownName = QStringLiteral("自社");
+    QString ownCode = QStringLiteral("0001");
+    bool viewOnly = false;
+    QList<FakeCustomerData> customers;
+    int companySettingsCreated = 0;
+    int customerListsCreated = 0;
+};
+
+// Registers a factory over `data` (kept by reference: later edits show in new objects).
+void registerFakeHost(FakeHostData& data);
+
+} // namespace tolvinpt::test
