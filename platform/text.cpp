@@ -71,14 +71,14 @@ UConverter* cp932Converter()
     return converter.get();
 }
 
-const icu::Transliterator& transliterator(const char* id)
+std::unique_ptr<icu::Transliterator> createTransliterator(const char* id)
 {
     UErrorCode status = U_ZERO_ERROR;
     std::unique_ptr<icu::Transliterator> created(
         icu::Transliterator::createInstance(icu::UnicodeString::fromUTF8(id), UTRANS_FORWARD, status));
     if (U_FAILURE(status) || !created)
         throw std::runtime_error(std::string("transliterator ") + id + ": " + u_errorName(status));
-    return *created.release(); // kept for the life of the process
+    return created;
 }
 
 QString transliterate(const icu::Transliterator& rule, std::span<const WidthFix> fixes, const QString& text)
@@ -110,19 +110,20 @@ int cp932ByteLength(const QString& text)
     const int32_t length = ucnv_fromUChars(cp932Converter(), bytes.data(), int32_t(bytes.size()),
                                            reinterpret_cast<const UChar*>(text.utf16()), int32_t(text.size()),
                                            &status);
-    return U_FAILURE(status) ? int(text.size()) : length;
+    Q_ASSERT(U_SUCCESS(status)); // the buffer always suffices and unmappable input is substituted
+    return length;
 }
 
 QString toHalfWidth(const QString& text)
 {
-    static const icu::Transliterator& rule = transliterator("Fullwidth-Halfwidth");
-    return transliterate(rule, NarrowingFixes, text);
+    static const auto rule = createTransliterator("Fullwidth-Halfwidth");
+    return transliterate(*rule, NarrowingFixes, text);
 }
 
 QString toFullWidth(const QString& text)
 {
-    static const icu::Transliterator& rule = transliterator("Halfwidth-Fullwidth");
-    return transliterate(rule, WideningFixes, text);
+    static const auto rule = createTransliterator("Halfwidth-Fullwidth");
+    return transliterate(*rule, WideningFixes, text);
 }
 
 QString toUpperCase(const QString& text)

