@@ -1,0 +1,142 @@
+#include "platform/text.h"
+
+#include <QVarLengthArray>
+
+#include <unicode/translit.h>
+#include <unicode/ucnv.h>
+#include <unicode/unistr.h>
+
+#include <algorithm>
+#include <memory>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace tolvinpt {
+
+namespace {
+
+// One character that ICU's width transliteration leaves in a form the code page does not agree with.
+struct WidthFix
+{
+    char16_t from;
+    std::u16string_view to;
+};
+
+// Applied after Halfwidth-Fullwidth.
+constexpr WidthFix WideningFixes[] = {
+    {u'\uFF02', u"\u201D"}, // ＂ and ＇ are vendor additions to the code page; JIS X 0208 has ” and ’
+    {u'\uFF07', u"\u2019"},
+    {u'\u3099', u"\u309B"}, // a sound mark that joined no base (ｱﾞ, or ﾞ alone) stays a spacing mark
+    {u'\u309A', u"\u309C"},
+    {u'\u30F7', u"\u30EF\u309B"}, // ヷ and ヺ are not in the code page: base and mark
+    {u'\u30FA', u"\u30F2\u309B"},
+    {u'\u301C', u"\uFF5E"}, // characters the code page holds under another code point
+    {u'\u2212', u"\uFF0D"},
+    {u'\u2016', u"\u2225"},
+    {u'\u2014', u"\u2015"},
+    {u'\u203E', u"\uFFE3"},
+};
+
+// Applied after Fullwidth-Halfwidth.
+constexpr WidthFix NarrowingFixes[] = {
+    {u'\u201C', u"\""}, // the code page's quotation marks narrow to the ASCII ones
+    {u'\u201D', u"\""},
+    {u'\u2018', u"'"},
+    {u'\u2019', u"'"},
+    {u'\u309B', u"\uFF9E"}, // spacing sound marks ゛゜ have half-width forms
+    {u'\u309C', u"\uFF9F"},
+    {u'\u301C', u"~"}, // the code page's wave dash and minus, under their other code points
+    {u'\u2212', u"-"},
+};
+
+struct ConverterCloser
+{
+    void operator()(UConverter* converter) const { ucnv_close(converter); }
+};
+
+UConverter* cp932Converter()
+{
+    static const std::unique_ptr<UConverter, ConverterCloser> converter = [] {
+        UErrorCode status = U_ZERO_ERROR;
+        std::unique_ptr<UConverter, ConverterCloser> opened(ucnv_open("windows-31j", &status));
+        // ICU's own substitute is two bytes, which would make an unmappable character full-width.
+        if (U_SUCCESS(status))
+            ucnv_setSubstChars(opened.get(), "?", 1, &status);
+        if (U_FAILURE(status))
+            throw std::runtime_error(std::string("code page 932 converter: ") + u_errorName(status));
+        return opened;
+    }();
+    return converter.get();
+}
+
+std::unique_ptr<icu::Transliterator> createTransliterator(const char* id)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    std::unique_ptr<icu::Transliterator> created(
+        icu::Transliterator::createInstance(icu::UnicodeString::fromUTF8(id), UTRANS_FORWARD, status));
+    if (U_FAILURE(status) || !created)
+        throw std::runtime_error(std::string("transliterator ") + id + ": " + u_errorName(status));
+    return created;
+}
+
+QString transliterate(const icu::Transliterator& rule, std::span<const WidthFix> fixes, const QString& text)
+{
+    icu::UnicodeString converted(reinterpret_cast<const UChar*>(text.utf16()), int32_t(text.size()));
+    rule.transliterate(converted);
+    QString result;
+    result.reserve(converted.length());
+    for (int32_t i = 0; i < converted.length(); ++i) {
+        const char16_t c = converted.charAt(i);
+        const auto fix = std::find_if(fixes.begin(), fixes.end(), [c](const WidthFix& f) { return f.from == c; });
+        if (fix == fixes.end())
+            result += QChar(c);
+        else
+            result += QStringView(fix->to);
+    }
+    return result;
+}
+
+} // namespace
+
+int cp932ByteLength(const QString& text)
+{
+    if (text.isEmpty())
+        return 0;
+    // A UTF-16 unit never takes more than two bytes; a surrogate pair becomes one substitute byte.
+    QVarLengthArray<char, 256> bytes(2 * text.size());
+    UErrorCode status = U_ZERO_ERROR;
+    const int32_t length = ucnv_fromUChars(cp932Converter(), bytes.data(), int32_t(bytes.size()),
+                                           reinterpret_cast<const UChar*>(text.utf16()), int32_t(text.size()),
+                                           &status);
+    Q_ASSERT(U_SUCCESS(status)); // the buffer always suffices and unmappable input is substituted
+    return length;
+}
+
+QString toHalfWidth(const QString& text)
+{
+    static const auto rule = createTransliterator("Fullwidth-Halfwidth");
+    return transliterate(*rule, NarrowingFixes, text);
+}
+
+QString toFullWidth(const QString& text)
+{
+    static const auto rule = createTransliterator("Halfwidth-Fullwidth");
+    return transliterate(*rule, WideningFixes, text);
+}
+
+QString toUpperCase(const QString& text)
+{
+    return text.toUpper();
+}
+
+QString rightTrim(const QString& text)
+{
+    qsizetype end = text.size();
+    while (end > 0 && text[end - 1] == u' ')
+        --end;
+    return text.left(end);
+}
+
+} // namespace tolvinpt
