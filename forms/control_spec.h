@@ -15,13 +15,13 @@ enum class ControlKind {
     EditableCombo, // QComboBox, typed or picked
     Combo,         // QComboBox that only shows a value (always grey)
     CheckBox,
-    OptionButton,  // QRadioButton; options in one container exclude each other
-    Button,        // QPushButton, never default
-    Frame,         // QGroupBox with the caption, or a borderless QFrame without one
+    OptionButton, // QRadioButton; options in one container exclude each other
+    Button,       // QPushButton, never default
+    Frame,        // QGroupBox with the caption, or a borderless QFrame without one
     Label,
-    TabStrip,      // QTabBar; its pages are frames laid over it
-    Line,          // decorative horizontal line
-    Picture,       // plain box for pictures made at run time
+    TabStrip, // QTabBar; its pages are frames laid over it
+    Line,     // decorative horizontal line
+    Picture,  // plain box for pictures made at run time
 };
 
 // Input method fixed for a field: off (half-width input), hiragana (full-width input), or
@@ -32,7 +32,7 @@ enum class InputMode { Default, Off, Hiragana, Disabled };
 namespace design {
 enum : unsigned {
     Hidden = 1u << 0,
-    Grey = 1u << 1,      // locked, button-face background, skipped by Tab: shows values only
+    Grey = 1u << 1, // locked, button-face background, skipped by Tab: shows values only
     Locked = 1u << 2,
     Disabled = 1u << 3,
     Highlight = 1u << 4, // caption in the highlight colour
@@ -60,17 +60,17 @@ struct TwipsRect
 
 struct ControlSpec
 {
-    QStringView name;      // objectName; control arrays as "txtDate(1)"
+    QStringView name; // objectName; control arrays as "txtDate(1)"
     ControlKind kind;
     QStringView container; // name of the enclosing frame; empty for the form
     QStringView caption;   // caption of a label, button, check, option or frame
     QStringView tooltip;
-    int maxLength;         // characters; 0 for no limit
+    int maxLength; // characters; 0 for no limit
     InputMode input;
-    unsigned state;        // design:: flags
+    unsigned state; // design:: flags
     TwipsRect pos;
-    int tabOrder;          // position in the Tab chain; 0 for none
-    unsigned marks;        // marks:: flags
+    int tabOrder;   // position in the Tab chain; 0 for none
+    unsigned marks; // marks:: flags
 };
 
 } // namespace tolvinpt
@@ -82,8 +82,8 @@ struct ToolButtonSpec
 {
     QStringView key;
     QStringView tooltip;
-    QStringView image;   // image key in the icon resources
-    bool dropDown;       // the button carries a menu
+    QStringView image; // image key in the icon resources
+    bool dropDown;     // the button carries a menu
 };
 
 // A menu item; the caption "-" makes a separator that keeps its name.

@@ -177,7 +177,8 @@ ControlMap buildControls(QWidget* client, std::span<const ControlSpec> catalogue
         Q_ASSERT_X(parent, "buildControls", "a container must come before its contents");
         const QRect designed = twips.rect(spec.pos.left, spec.pos.top, spec.pos.width, spec.pos.height);
 
-        QWidget* w = spec.kind == ControlKind::TabStrip ? createTabStrip(parent, designed) : create(spec, parent);
+        QWidget* w =
+            spec.kind == ControlKind::TabStrip ? createTabStrip(parent, designed) : create(spec, parent);
         w->setObjectName(name);
         if (!spec.tooltip.isEmpty())
             w->setToolTip(spec.tooltip.toString());

@@ -16,7 +16,8 @@ QHash<QString, QAction*> buildMenus(QMenuBar* bar, std::span<const MenuSpec> men
         menu->menuAction()->setObjectName(name);
         actions.insert(name, menu->menuAction());
         for (const auto& item : spec.items) {
-            QAction* action = item.caption == u"-" ? menu->addSeparator() : menu->addAction(item.caption.toString());
+            QAction* action =
+                item.caption == u"-" ? menu->addSeparator() : menu->addAction(item.caption.toString());
             action->setObjectName(item.name.toString());
             if (!item.shortcut.isEmpty())
                 action->setShortcut(QKeySequence(item.shortcut.toString(), QKeySequence::PortableText));

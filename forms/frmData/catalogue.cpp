@@ -22,6 +22,7 @@ constexpr QStringView CompanyCode = u"得意先統一企業ｺｰﾄﾞ";
 // Labels stand left of their field, "単位" above its box; label positions are this form's own.
 // The marks column is what a text change or a click marks by itself; cobMyCodes and the optQuantity
 // options mark through their own click handling.
+// clang-format off
 constexpr ControlSpec Controls[] = {
     // name                   kind               in    caption             tooltip                            max  input        state              left  top   width height tab  marks
     // Header
@@ -108,6 +109,7 @@ constexpr ControlSpec Controls[] = {
     {u"Label15",              K::Label,          Cust, u"ﾊﾞｰｺｰﾄﾞ情報",     u"",                               0,   I::Default,  0,                 {60, 960, 1155, 315},    0,  0},
     {u"txtCustomBar",         K::TextBox,        Cust, u"",                u"",                               23,  I::Off,      0,                 {1260, 960, 3015, 315},  77, Mark},
 };
+// clang-format on
 
 constexpr ToolButtonSpec Toolbar1[] = {
     {u"新規作成", u"新規作成", u"New", false},

@@ -72,10 +72,11 @@ void frmData::connectChangeFlags()
     connect(control<QComboBox>(QStringLiteral("cobMyCodes")), &QComboBox::currentIndexChanged, this,
             &frmData::cobMyCodes_Click);
     for (int index = 1; index <= PackageModes; ++index) {
-        connect(control<QRadioButton>(optionName(index)), &QRadioButton::toggled, this, [this, index](bool on) {
-            if (on)
-                optQuantity_Click(index);
-        });
+        connect(control<QRadioButton>(optionName(index)), &QRadioButton::toggled, this,
+                [this, index](bool on) {
+                    if (on)
+                        optQuantity_Click(index);
+                });
     }
 }
 

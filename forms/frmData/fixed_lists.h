@@ -16,7 +16,7 @@ constexpr std::array<QStringView, 11> CurrencyCodes = {
 
 // cobCurrencyName: one name per code at the same index, and a last name for any code not listed.
 constexpr std::array<QStringView, 12> CurrencyNames = {
-    u"日本 円", u"米 ﾄﾞﾙ", u"英 ﾎﾟﾝﾄﾞ", u"独 ﾏﾙｸ", u"仏 ﾌﾗﾝ", u"伊 ﾘﾗ",
+    u"日本 円",      u"米 ﾄﾞﾙ",  u"英 ﾎﾟﾝﾄﾞ", u"独 ﾏﾙｸ",       u"仏 ﾌﾗﾝ",   u"伊 ﾘﾗ",
     u"欧州通貨記号", u"中国 元", u"香港 ﾄﾞﾙ", u"ｼﾝｶﾞﾎﾟｰﾙ ﾄﾞﾙ", u"韓国 ｳｫﾝ", u"その他",
 };
 static_assert(CurrencyNames.size() == CurrencyCodes.size() + 1);

@@ -7,6 +7,7 @@
 #include "forms/menu_builder.h"
 #include "platform/twips.h"
 
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QTabBar>
 #include <QToolButton>
@@ -63,6 +64,15 @@ void frmData::buildChrome()
     // The pages follow the selected tab from the start.
     connect(tabs, &QTabBar::currentChanged, this, &frmData::TabStrip1_Click);
     TabStrip1_Click();
+}
+
+void frmData::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier) {
+        event->accept();
+        return;
+    }
+    QDialog::keyPressEvent(event);
 }
 
 void frmData::showModeControls(bool newRecord)

@@ -52,11 +52,7 @@ public:
 
     // Controls by catalogue name ("txtDate(1)"); null for an unknown name or another type.
     QWidget* control(const QString& name) const { return m_controls.value(name); }
-    template<class T>
-    T* control(const QString& name) const
-    {
-        return qobject_cast<T*>(control(name));
-    }
+    template <class T> T* control(const QString& name) const { return qobject_cast<T*>(control(name)); }
     KeyedToolBar* toolbar1() const { return m_toolbar1; }
     KeyedToolBar* toolbar2() const { return m_toolbar2; }
     // The drop-down of the Toolbar1 button "一覧選択".
@@ -67,6 +63,10 @@ public:
     // Click handling that other commands run as procedures.
     void TabStrip1_Click();
     void cobMyCodes_Click();
+
+protected:
+    // The form has no cancel button: Escape closes nothing.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void buildChrome();

@@ -20,24 +20,25 @@ struct TextValue
 
 // The record's text fields before and after the tax and currency choices, in the order they are blanked.
 constexpr TextValue BlankRecord[] = {
-    {u"txtIDData", u""}, {u"txtOrderNo", u""}, {u"txtPaymentKeyNo", u""}, {u"txtTantoA", u""},
-    {u"txtTantoK", u""}, {u"txtPlaceC", u""}, {u"txtPlaceA", u""}, {u"txtPlaceK", u""},
-    {u"txtKensa", u""}, {u"txtHCode", u""}, {u"txtMyHCode", u""}, {u"txtHinmeiA", u""},
-    {u"txtHinmeiK", u""}, {u"txtDate(0)", u""}, {u"txtDate(1)", u""}, {u"txtDate(2)", u""},
-    {u"txtAmountOrder", u"0"}, {u"txtAmountIndicate", u"0"}, {u"txtAmountDelivery", u"0"},
-    {u"txtUnit", u""}, {u"txtUnitPrice", u"0"},
+    {u"txtIDData", u""},          {u"txtOrderNo", u""},      {u"txtPaymentKeyNo", u""},
+    {u"txtTantoA", u""},          {u"txtTantoK", u""},       {u"txtPlaceC", u""},
+    {u"txtPlaceA", u""},          {u"txtPlaceK", u""},       {u"txtKensa", u""},
+    {u"txtHCode", u""},           {u"txtMyHCode", u""},      {u"txtHinmeiA", u""},
+    {u"txtHinmeiK", u""},         {u"txtDate(0)", u""},      {u"txtDate(1)", u""},
+    {u"txtDate(2)", u""},         {u"txtAmountOrder", u"0"}, {u"txtAmountIndicate", u"0"},
+    {u"txtAmountDelivery", u"0"}, {u"txtUnit", u""},         {u"txtUnitPrice", u"0"},
 };
 constexpr TextValue BlankInformation[] = {
     {u"txtCustomRemarksA", u""}, {u"txtCustomRemarksK", u""}, {u"txtMyRemarksA", u""},
-    {u"txtMyRemarksK", u""}, {u"txtCustomBar", u""}, {u"txtMyBar", u""},
+    {u"txtMyRemarksK", u""},     {u"txtCustomBar", u""},      {u"txtMyBar", u""},
 };
 
 // The fields that normally come with the buyer's order.
 constexpr QStringView OrderFields[] = {
-    u"cobCustomer", u"txtOrderNo", u"txtPaymentKeyNo", u"txtPlaceC", u"txtPlaceA", u"txtPlaceK",
-    u"txtTantoA", u"txtTantoK", u"txtHCode", u"txtHinmeiA", u"txtHinmeiK", u"txtDate(0)",
-    u"txtAmountOrder", u"txtAmountIndicate", u"txtCustomRemarksA", u"txtCustomRemarksK",
-    u"txtCustomBar", u"txtKensa", u"txtUnit", u"cobMyCodes",
+    u"cobCustomer",       u"txtOrderNo",   u"txtPaymentKeyNo", u"txtPlaceC",         u"txtPlaceA",
+    u"txtPlaceK",         u"txtTantoA",    u"txtTantoK",       u"txtHCode",          u"txtHinmeiA",
+    u"txtHinmeiK",        u"txtDate(0)",   u"txtAmountOrder",  u"txtAmountIndicate", u"txtCustomRemarksA",
+    u"txtCustomRemarksK", u"txtCustomBar", u"txtKensa",        u"txtUnit",           u"cobMyCodes",
 };
 
 // Selecting an item also resets a combo's typed text, as choosing it from the list would.

@@ -28,7 +28,10 @@ namespace {
 class CatalogueTest : public testing::Test
 {
 protected:
-    CatalogueTest() : twips(Twips::forScreenOf(&client)) { controls = buildControls(&client, frmdata::controls(), twips); }
+    CatalogueTest() : twips(Twips::forScreenOf(&client))
+    {
+        controls = buildControls(&client, frmdata::controls(), twips);
+    }
 
     QWidget client;
     Twips twips;
@@ -176,11 +179,13 @@ TEST_F(CatalogueTest, EveryControlIsBuiltAsCatalogued)
 TEST_F(CatalogueTest, ArraysAndHighlightedLabelsAreNamedForOtherCode)
 {
     // Other code reaches these by name: the arrays with their index, the labels recoloured by record state.
-    for (const char16_t* name : {u"txtDate(0)", u"txtDate(1)", u"txtDate(2)", u"optQuantity(1)", u"optQuantity(2)",
-                                 u"optQuantity(3)", u"Label5(0)", u"Label5(1)", u"Label7(0)", u"Label7(1)",
-                                 u"Label14(0)", u"Label14(1)", u"Label16(0)", u"Label16(1)"})
+    for (const char16_t* name :
+         {u"txtDate(0)", u"txtDate(1)", u"txtDate(2)", u"optQuantity(1)", u"optQuantity(2)",
+          u"optQuantity(3)", u"Label5(0)", u"Label5(1)", u"Label7(0)", u"Label7(1)", u"Label14(0)",
+          u"Label14(1)", u"Label16(0)", u"Label16(1)"})
         EXPECT_TRUE(controls.contains(QString::fromUtf16(name))) << QString::fromUtf16(name).toStdString();
-    for (const char16_t* name : {u"Label9", u"Label10", u"Label13", u"Label18", u"Label20", u"Label23", u"Label24"})
+    for (const char16_t* name :
+         {u"Label9", u"Label10", u"Label13", u"Label18", u"Label20", u"Label23", u"Label24"})
         EXPECT_TRUE(qobject_cast<QLabel*>(controls.value(QString::fromUtf16(name))));
 }
 

@@ -127,10 +127,8 @@ TEST_F(ChangeFlagsTest, PackageModeOptionsEnableTheirInputsAndResetThePackages)
         Currency first;
     };
     const Case cases[] = {
-        {2, true, false, {}},
-        {3, false, true, Currency::fromRaw(125000)},
-        {1, false, false, {}},
-        {3, false, true, Currency::fromRaw(125000)},
+        {2, true, false, {}},  {3, false, true, Currency::fromRaw(125000)},
+        {1, false, false, {}}, {3, false, true, Currency::fromRaw(125000)},
         {2, true, false, {}},
     };
     for (const auto& c : cases) {

@@ -27,7 +27,8 @@ int main(int argc, char** argv)
 
     tolvinpt::frmData form(*company);
     form.control<QComboBox>(QStringLiteral("cobCustomer"))
-        ->addItem(QStringLiteral("ﾃｽﾄ商事 株式会社") + QString(100, u' ') + u':' + QStringLiteral("4900000000011"));
+        ->addItem(QStringLiteral("ﾃｽﾄ商事 株式会社") + QString(100, u' ') + u':' +
+                  QStringLiteral("4900000000011"));
     if (!browse)
         form.gNewStart();
     form.show();

@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabBar>
+#include <QTest>
 
 using namespace tolvinpt;
 using namespace tolvinpt::test;
@@ -28,10 +29,11 @@ QString ownItem(const QString& name, const QString& code)
 }
 
 const QStringList OrderFields = {
-    u"cobCustomer"_s, u"txtOrderNo"_s, u"txtPaymentKeyNo"_s, u"txtPlaceC"_s, u"txtPlaceA"_s, u"txtPlaceK"_s,
-    u"txtTantoA"_s, u"txtTantoK"_s, u"txtHCode"_s, u"txtHinmeiA"_s, u"txtHinmeiK"_s, u"txtDate(0)"_s,
+    u"cobCustomer"_s,    u"txtOrderNo"_s,        u"txtPaymentKeyNo"_s,   u"txtPlaceC"_s,
+    u"txtPlaceA"_s,      u"txtPlaceK"_s,         u"txtTantoA"_s,         u"txtTantoK"_s,
+    u"txtHCode"_s,       u"txtHinmeiA"_s,        u"txtHinmeiK"_s,        u"txtDate(0)"_s,
     u"txtAmountOrder"_s, u"txtAmountIndicate"_s, u"txtCustomRemarksA"_s, u"txtCustomRemarksK"_s,
-    u"txtCustomBar"_s, u"txtKensa"_s, u"txtUnit"_s, u"cobMyCodes"_s};
+    u"txtCustomBar"_s,   u"txtKensa"_s,          u"txtUnit"_s,           u"cobMyCodes"_s};
 
 QStringList itemsOf(const QComboBox* combo)
 {
@@ -100,8 +102,8 @@ TEST_F(LoadTest, LoadLeavesABlankRecordInBrowseMode)
     auto* currency = form->control<QComboBox>(u"cobCurrency"_s);
     auto* names = form->control<QComboBox>(u"cobCurrencyName"_s);
     auto* taxation = form->control<QComboBox>(u"cobTaxation"_s);
-    EXPECT_EQ(itemsOf(currency), (QStringList{u"JPY"_s, u"USD"_s, u"GBP"_s, u"DEM"_s, u"FRF"_s, u"ITL"_s, u"XEU"_s,
-                                              u"CNY"_s, u"HKD"_s, u"SGD"_s, u"KRW"_s}));
+    EXPECT_EQ(itemsOf(currency), (QStringList{u"JPY"_s, u"USD"_s, u"GBP"_s, u"DEM"_s, u"FRF"_s, u"ITL"_s,
+                                              u"XEU"_s, u"CNY"_s, u"HKD"_s, u"SGD"_s, u"KRW"_s}));
     EXPECT_EQ(names->count(), currency->count() + 1);
     EXPECT_EQ(names->itemText(0), u"日本 円"_s);
     EXPECT_EQ(names->itemText(names->count() - 1), u"その他"_s);
@@ -212,7 +214,24 @@ TEST_F(LoadTest, SetDetailEditableTwiceKeepsTheSameStateAndTouchesOnlyTheOrderFi
             EXPECT_TRUE(isTabStop(control(QString::fromUtf16(other))));
         }
         EXPECT_TRUE(isLocked(control(u"txtMyCode"_s))) << "grey stays grey";
+        for (const char16_t* noInputMethod : {u"txtDate(0)", u"txtAmountOrder", u"txtKensa", u"txtUnit"}) {
+            EXPECT_FALSE(control(QString::fromUtf16(noInputMethod))->testAttribute(Qt::WA_InputMethodEnabled))
+                << "locking or opening a field keeps its input method off";
+        }
     }
+}
+
+TEST_F(LoadTest, FormUsesTheJapaneseUiFontAndEscapeDoesNotClose)
+{
+    load();
+    EXPECT_EQ(QFontInfo(form->control(u"txtHinmeiK"_s)->font()).family(), u"Noto Sans CJK JP"_s);
+    EXPECT_DOUBLE_EQ(form->font().pointSizeF(), 9.75);
+    form->show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+    control(u"txtMyBar"_s)->setFocus();
+    QTest::keyClick(control(u"txtMyBar"_s), Qt::Key_Escape);
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(form->result(), 0);
 }
 
 TEST_F(LoadTest, TabStripShowsOnePageAtATime)

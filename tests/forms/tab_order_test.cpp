@@ -37,10 +37,12 @@ protected:
         std::vector<const ControlSpec*> specs;
         for (const auto& spec : frmdata::controls())
             specs.push_back(&spec);
-        std::stable_sort(specs.begin(), specs.end(), [](auto* a, auto* b) { return a->tabOrder < b->tabOrder; });
+        std::stable_sort(specs.begin(), specs.end(),
+                         [](auto* a, auto* b) { return a->tabOrder < b->tabOrder; });
         QStringList chain;
         for (const ControlSpec* spec : specs) {
-            if (spec->tabOrder == 0 || !takesFocus(spec->kind) || (spec->state & (design::Hidden | design::Grey)))
+            if (spec->tabOrder == 0 || !takesFocus(spec->kind) ||
+                (spec->state & (design::Hidden | design::Grey)))
                 continue;
             QWidget* w = control(spec->name.toString());
             if (!spec->container.isEmpty() && control(spec->container.toString())->isHidden())
@@ -60,7 +62,8 @@ protected:
         control(u"cobCustomer"_s)->setFocus();
         QStringList seen;
         for (int i = 0; i < count; ++i) {
-            QTest::keyClick(QApplication::focusWidget(), key, key == Qt::Key_Backtab ? Qt::ShiftModifier : Qt::NoModifier);
+            QTest::keyClick(QApplication::focusWidget(), key,
+                            key == Qt::Key_Backtab ? Qt::ShiftModifier : Qt::NoModifier);
             seen << QApplication::focusWidget()->objectName();
         }
         return seen;
@@ -92,11 +95,13 @@ TEST_F(TabOrderTest, NewRecordModeRunsDownTheLeftColumnThenTheRightThenThePages)
     const QStringList chain = expectedChain();
     // The order the operator sees, stated once in full for the supplier page.
     const QStringList designed = {
-        u"cobCustomer"_s, u"txtOrderNo"_s, u"cmdFind"_s, u"txtPaymentKeyNo"_s, u"txtTantoA"_s, u"txtTantoK"_s,
-        u"txtKensa"_s, u"txtPlaceC"_s, u"txtPlaceA"_s, u"txtPlaceK"_s, u"txtHCode"_s, u"txtMyHCode"_s,
-        u"txtHinmeiA"_s, u"txtHinmeiK"_s, u"txtDate(0)"_s, u"txtDate(1)"_s, u"txtDate(2)"_s, u"txtAmountOrder"_s,
-        u"txtAmountIndicate"_s, u"txtAmountDelivery"_s, u"txtUnit"_s, u"txtUnitPrice"_s, u"chkTaxType"_s,
-        u"cobCurrency"_s, u"cobTaxation"_s, u"optQuantity(1)"_s, u"txtMyRemarksA"_s, u"txtMyRemarksK"_s,
+        u"cobCustomer"_s, u"txtOrderNo"_s,     u"cmdFind"_s,           u"txtPaymentKeyNo"_s,
+        u"txtTantoA"_s,   u"txtTantoK"_s,      u"txtKensa"_s,          u"txtPlaceC"_s,
+        u"txtPlaceA"_s,   u"txtPlaceK"_s,      u"txtHCode"_s,          u"txtMyHCode"_s,
+        u"txtHinmeiA"_s,  u"txtHinmeiK"_s,     u"txtDate(0)"_s,        u"txtDate(1)"_s,
+        u"txtDate(2)"_s,  u"txtAmountOrder"_s, u"txtAmountIndicate"_s, u"txtAmountDelivery"_s,
+        u"txtUnit"_s,     u"txtUnitPrice"_s,   u"chkTaxType"_s,        u"cobCurrency"_s,
+        u"cobTaxation"_s, u"optQuantity(1)"_s, u"txtMyRemarksA"_s,     u"txtMyRemarksK"_s,
         u"txtMyBar"_s};
     EXPECT_EQ(chain, designed);
 

@@ -33,7 +33,8 @@ TEST_F(ToolbarMenuTest, Toolbar1ButtonsByPositionAndKey)
 {
     KeyedToolBar* bar = form->toolbar1();
     EXPECT_EQ(bar->objectName(), u"Toolbar1"_s);
-    const QStringList keys = {u"新規作成"_s, u"変更保存"_s, {}, u"戻る"_s, u"進む"_s, {}, u"一覧選択"_s, u"分割"_s, u"詳細変更"_s};
+    const QStringList keys = {u"新規作成"_s, u"変更保存"_s, {},           u"戻る"_s, u"進む"_s, {},
+                              u"一覧選択"_s, u"分割"_s,     u"詳細変更"_s};
     ASSERT_EQ(bar->count(), keys.size());
     for (int position = 1; position <= bar->count(); ++position) {
         const QString key = keys[position - 1];
