@@ -1,6 +1,7 @@
 #include "forms/form_builder.h"
 
 #include "forms/input_mode.h"
+#include "forms/list_width_combo.h"
 #include "platform/field_state.h"
 #include "platform/twips.h"
 
@@ -50,9 +51,9 @@ QWidget* create(const ControlSpec& spec, QWidget* parent)
     }
     case ControlKind::DropDownList:
     case ControlKind::Combo:
-        return new QComboBox(parent);
+        return new ListWidthComboBox(parent);
     case ControlKind::EditableCombo: {
-        auto* combo = new QComboBox(parent);
+        auto* combo = new ListWidthComboBox(parent);
         combo->setEditable(true);
         combo->setInsertPolicy(QComboBox::NoInsert);
         combo->setCompleter(nullptr);

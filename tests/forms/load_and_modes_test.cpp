@@ -6,6 +6,7 @@
 #include "platform/field_state.h"
 #include "store/package_quantities.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -78,6 +79,20 @@ TEST_F(LoadTest, OwnCodesListModeOnlyWithMultipleCodesStarAndAList)
         EXPECT_EQ(combo->currentIndex(), 0);
         EXPECT_EQ(text(u"txtMyCode"_s)->text(), c.code) << "the selected own code follows into txtMyCode";
     }
+}
+
+TEST_F(LoadTest, HiddenCodesStayOutOfSightInTheOpenList)
+{
+    host.multipleOwnCodes = true;
+    host.ownCode = u"*"_s;
+    host.ownCodes = {{u"東京工場"_s, u"0101"_s}};
+    load();
+    form->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(form.get()));
+    auto* combo = form->control<QComboBox>(u"cobMyCodes"_s);
+    combo->showPopup();
+    EXPECT_EQ(combo->view()->window()->width(), combo->width());
+    combo->hidePopup();
 }
 
 TEST_F(LoadTest, LoadLeavesABlankRecordInBrowseMode)
