@@ -1,0 +1,203 @@
+#include "forms/form_builder.h"
+
+#include "forms/input_mode.h"
+#include "forms/list_width_combo.h"
+#include "platform/field_state.h"
+#include "platform/twips.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSet>
+#include <QTabBar>
+
+#include <algorithm>
+#include <vector>
+
+namespace tolvinpt {
+namespace {
+
+QWidget* createTabStrip(QWidget* parent, const QRect& rect)
+{
+    // The tab strip draws the tabs; a plain panel below them draws the page the frames lie on.
+    auto* page = new QFrame(parent);
+    page->setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
+    auto* tabs = new QTabBar(parent);
+    tabs->setFocusPolicy(Qt::NoFocus);
+    tabs->setDrawBase(false);
+    tabs->setExpanding(false);
+    tabs->addTab(QStringLiteral("X"));
+    const int tabHeight = tabs->sizeHint().height();
+    tabs->removeTab(0);
+    tabs->setGeometry(rect.x(), rect.y(), rect.width(), tabHeight);
+    page->setGeometry(rect.adjusted(0, tabHeight - 1, 0, 0));
+    return tabs;
+}
+
+QWidget* create(const ControlSpec& spec, QWidget* parent)
+{
+    const QString caption = spec.caption.toString();
+    switch (spec.kind) {
+    case ControlKind::TextBox: {
+        auto* edit = new QLineEdit(parent);
+        if (spec.maxLength > 0)
+            edit->setMaxLength(spec.maxLength);
+        edit->setAlignment((spec.state & design::Right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+        return edit;
+    }
+    case ControlKind::DropDownList:
+    case ControlKind::Combo:
+        return new ListWidthComboBox(parent);
+    case ControlKind::EditableCombo: {
+        auto* combo = new ListWidthComboBox(parent);
+        combo->setEditable(true);
+        combo->setInsertPolicy(QComboBox::NoInsert);
+        combo->setCompleter(nullptr);
+        return combo;
+    }
+    case ControlKind::CheckBox:
+        return new QCheckBox(caption, parent);
+    case ControlKind::OptionButton:
+        return new QRadioButton(caption, parent);
+    case ControlKind::Button: {
+        auto* button = new QPushButton(caption, parent);
+        button->setAutoDefault(false);
+        button->setDefault(false);
+        return button;
+    }
+    case ControlKind::Frame:
+        if (caption.isEmpty()) {
+            auto* frame = new QFrame(parent);
+            frame->setFrameStyle(QFrame::Box | QFrame::Plain);
+            return frame;
+        }
+        return new QGroupBox(caption, parent);
+    case ControlKind::Label: {
+        auto* label = new QLabel(caption, parent);
+        label->setAlignment((spec.state & design::Right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+        return label;
+    }
+    case ControlKind::Line: {
+        auto* line = new QFrame(parent);
+        line->setFrameStyle(QFrame::HLine | QFrame::Sunken);
+        return line;
+    }
+    case ControlKind::Picture:
+        return new QLabel(parent);
+    case ControlKind::TabStrip:
+        return nullptr; // needs its rectangle: see createTabStrip
+    }
+    return nullptr;
+}
+
+// Grows a captioned control to its caption's size: height centred on the designed centre, width
+// towards the side away from its alignment.
+QRect fitCaption(const ControlSpec& spec, QWidget* w, QRect rect)
+{
+    switch (spec.kind) {
+    case ControlKind::Label:
+    case ControlKind::CheckBox:
+    case ControlKind::OptionButton:
+    case ControlKind::Button:
+        break;
+    default:
+        return rect;
+    }
+    const QSize hint = w->sizeHint();
+    if (hint.height() > rect.height()) {
+        const int centre = rect.center().y();
+        rect.setHeight(hint.height());
+        rect.moveTop(centre - (hint.height() - 1) / 2);
+    }
+    if (spec.kind != ControlKind::Button && hint.width() > rect.width()) {
+        if (spec.state & design::Right)
+            rect.setLeft(rect.right() - hint.width() + 1);
+        else
+            rect.setWidth(hint.width());
+    }
+    return rect;
+}
+
+void applyState(const ControlSpec& spec, QWidget* w)
+{
+    if (spec.state & design::Hidden)
+        w->hide();
+    if (spec.state & design::Grey)
+        setGrey(w);
+    if (spec.state & design::Locked)
+        setLocked(w, true);
+    if (spec.state & design::Disabled)
+        w->setEnabled(false);
+    if (spec.state & design::Highlight)
+        setCaptionColour(w, SystemColour::Highlight);
+}
+
+void linkTabChain(std::span<const ControlSpec> catalogue, const ControlMap& controls)
+{
+    std::vector<const ControlSpec*> chain;
+    for (const auto& spec : catalogue) {
+        if (spec.tabOrder > 0 && takesFocus(spec.kind) && !(spec.state & (design::Hidden | design::Grey)))
+            chain.push_back(&spec);
+    }
+    std::stable_sort(chain.begin(), chain.end(),
+                     [](const ControlSpec* a, const ControlSpec* b) { return a->tabOrder < b->tabOrder; });
+    for (std::size_t i = 1; i < chain.size(); ++i)
+        QWidget::setTabOrder(controls.value(chain[i - 1]->name.toString()),
+                             controls.value(chain[i]->name.toString()));
+}
+
+} // namespace
+
+bool takesFocus(ControlKind kind)
+{
+    switch (kind) {
+    case ControlKind::TextBox:
+    case ControlKind::DropDownList:
+    case ControlKind::EditableCombo:
+    case ControlKind::Combo:
+    case ControlKind::CheckBox:
+    case ControlKind::OptionButton:
+    case ControlKind::Button:
+        return true;
+    default:
+        return false;
+    }
+}
+
+ControlMap buildControls(QWidget* client, std::span<const ControlSpec> catalogue, const Twips& twips)
+{
+    ControlMap controls;
+    QSet<QString> highlighted;
+    for (const auto& spec : catalogue) {
+        const QString name = spec.name.toString();
+        QWidget* parent = spec.container.isEmpty() ? client : controls.value(spec.container.toString());
+        Q_ASSERT_X(parent, "buildControls", "a container must come before its contents");
+        const QRect designed = twips.rect(spec.pos.left, spec.pos.top, spec.pos.width, spec.pos.height);
+
+        QWidget* w =
+            spec.kind == ControlKind::TabStrip ? createTabStrip(parent, designed) : create(spec, parent);
+        w->setObjectName(name);
+        if (!spec.tooltip.isEmpty())
+            w->setToolTip(spec.tooltip.toString());
+        applyInputMode(w, spec.input);
+        if (!takesFocus(spec.kind))
+            w->setFocusPolicy(Qt::NoFocus);
+        if (spec.kind != ControlKind::TabStrip)
+            w->setGeometry(fitCaption(spec, w, designed));
+        // A frame's highlighted caption must not colour its contents.
+        if (highlighted.contains(spec.container.toString()) && !(spec.state & design::Highlight))
+            setCaptionColour(w, SystemColour::WindowText);
+        if (spec.state & design::Highlight)
+            highlighted.insert(name);
+        applyState(spec, w);
+        controls.insert(name, w);
+    }
+    linkTabChain(catalogue, controls);
+    return controls;
+}
+
+} // namespace tolvinpt

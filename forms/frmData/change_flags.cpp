@@ -1,0 +1,123 @@
+// Change flags: what a text change or a click marks, and the click handling of the package mode
+// and the own-company choice.
+#include "forms/frmData/catalogue.h"
+#include "forms/frmData/frmData.h"
+
+#include "platform/field_state.h"
+#include "store/package_quantities.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace tolvinpt {
+namespace {
+
+constexpr int PackageModes = 3;
+
+QString optionName(int index)
+{
+    return QStringLiteral("optQuantity(%1)").arg(index);
+}
+
+// The longest leading decimal number of `text` (blanks skipped, at most one point), as currency; 0
+// when there is none.
+// TODO: use leadingNumber from platform/number.h once it is in the tree.
+Currency leadingCurrency(const QString& text)
+{
+    QString digits;
+    bool point = false;
+    for (QChar c : text) {
+        if (c == u' ')
+            continue;
+        if (c.isDigit() && c.unicode() < 128)
+            digits += c;
+        else if (c == u'.' && !point)
+            point = true, digits += c;
+        else
+            break;
+    }
+    return Currency::fromString(digits).value_or(Currency());
+}
+
+} // namespace
+
+void frmData::connectChangeFlags()
+{
+    for (const auto& spec : frmdata::controls()) {
+        if (spec.marks == 0)
+            continue;
+        const unsigned marks = spec.marks;
+        auto mark = [this, marks] {
+            if (marks & marks::Changed)
+                bChanged = true;
+            if (marks & marks::Amount)
+                bChangedAmount = true;
+            if (marks & marks::Quantity)
+                bChangedQTY = true;
+        };
+        QWidget* w = control(spec.name.toString());
+        if (auto* edit = qobject_cast<QLineEdit*>(w))
+            connect(edit, &QLineEdit::textChanged, this, mark);
+        else if (auto* combo = qobject_cast<QComboBox*>(w)) {
+            connect(combo, &QComboBox::currentIndexChanged, this, mark);
+            if (combo->isEditable())
+                connect(combo, &QComboBox::editTextChanged, this, mark);
+        } else if (auto* check = qobject_cast<QCheckBox*>(w))
+            connect(check, &QCheckBox::toggled, this, mark);
+    }
+
+    connect(control<QComboBox>(QStringLiteral("cobMyCodes")), &QComboBox::currentIndexChanged, this,
+            &frmData::cobMyCodes_Click);
+    for (int index = 1; index <= PackageModes; ++index) {
+        connect(control<QRadioButton>(optionName(index)), &QRadioButton::toggled, this,
+                [this, index](bool on) {
+                    if (on)
+                        optQuantity_Click(index);
+                });
+    }
+}
+
+void frmData::cobMyCodes_Click()
+{
+    if (MyCodeSyncing)
+        return;
+    bChanged = true;
+    const QString item = control<QComboBox>(QStringLiteral("cobMyCodes"))->currentText();
+    control<QLineEdit>(QStringLiteral("txtMyCode"))->setText(item.mid(item.indexOf(u'\t') + 1));
+}
+
+void frmData::selectPackageMode(int index)
+{
+    auto* option = control<QRadioButton>(optionName(index));
+    if (option->isChecked())
+        optQuantity_Click(index);
+    else
+        option->setChecked(true);
+}
+
+int frmData::packageMode() const
+{
+    for (int index = 1; index <= PackageModes; ++index) {
+        if (control<QRadioButton>(optionName(index))->isChecked())
+            return index;
+    }
+    return 0;
+}
+
+void frmData::optQuantity_Click(int index)
+{
+    control(QStringLiteral("txtQuantity"))->setEnabled(index == 2);
+    control(QStringLiteral("cmdQuantity"))->setEnabled(index == 3);
+    gPackageQty.fill(Currency());
+    if (index == 3)
+        gPackageQty[0] = leadingCurrency(control<QLineEdit>(QStringLiteral("txtAmountDelivery"))->text());
+    bChangedQTY = true;
+    // Tab reaches the selected option only; the arrow keys move between the options.
+    for (int other = 1; other <= PackageModes; ++other)
+        setTabStop(control(optionName(other)), other == index);
+}
+
+} // namespace tolvinpt

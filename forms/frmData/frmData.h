@@ -1,0 +1,89 @@
+#pragma once
+
+// The delivery entry form: one delivery record at a time, in browse mode (the host's record list) or
+// new-record mode. Its controls are built from forms/frmData/catalogue and found by their names.
+
+#include "forms/form_builder.h"
+
+#include <QDialog>
+
+namespace tolvinpt {
+
+class CompanySettings;
+class KeyedToolBar;
+class RecordListMenu;
+
+class frmData final : public QDialog
+{
+    Q_OBJECT
+
+public:
+    // Builds the form and runs its load: own-company codes, fixed lists, order fields locked, blank
+    // record, browse mode. `company` must outlive the form.
+    explicit frmData(const CompanySettings& company, QWidget* parent = nullptr);
+    ~frmData() override;
+
+    // Close mode: 2 closes without asking, any other value asks first; 7 after load.
+    qint32 lngResult = 0;
+    // The record has changed since it was shown or saved.
+    bool bChanged = false;
+    // The delivery quantity was typed in since txtAmountDelivery last got the focus.
+    bool bChangedAmount = false;
+    // The package mode or the per-package quantities changed.
+    bool bChangedQTY = false;
+    // While true, code is writing a stored currency code and the currency combo does not look it up.
+    bool NotSeek = false;
+
+    // Enters new-record mode on a blank record without pending changes.
+    void gNewStart();
+    // Blanks the record fields; leaves the company choices, locks, colours, mode and flags alone
+    // (its text changes do set the change flags, as typing would).
+    void ClearEntryForm();
+    // Opens (true) or locks (false) the order fields: lock, background and Tab stop.
+    void SetDetailEditable(bool editable);
+
+    // Shows Toolbar1 and mnuData (browse) or Toolbar2 and mnuNewData (new record).
+    void showModeControls(bool newRecord);
+
+    // Selects optQuantity(index) (1..3) and runs its click handling, even when it was selected already.
+    void selectPackageMode(int index);
+    // The selected package mode: 1, 2 or 3 (0 when none is selected).
+    int packageMode() const;
+
+    // Controls by catalogue name ("txtDate(1)"); null for an unknown name or another type.
+    QWidget* control(const QString& name) const { return m_controls.value(name); }
+    template <class T> T* control(const QString& name) const { return qobject_cast<T*>(control(name)); }
+    KeyedToolBar* toolbar1() const { return m_toolbar1; }
+    KeyedToolBar* toolbar2() const { return m_toolbar2; }
+    // The drop-down of the Toolbar1 button "一覧選択".
+    RecordListMenu* recordList() const { return m_recordList; }
+    // Menu items and separators by name; the top-level menus by theirs (their menu action).
+    QAction* menuItem(const QString& name) const { return m_menuItems.value(name); }
+
+    // Click handling that other commands run as procedures.
+    void TabStrip1_Click();
+    void cobMyCodes_Click();
+
+protected:
+    // The form has no cancel button: Escape closes nothing.
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void buildChrome();
+    void Form_Load();
+    void fillOwnCodes();
+    void fillFixedLists();
+    void connectChangeFlags();
+    void optQuantity_Click(int index);
+
+    const CompanySettings& m_company;
+    ControlMap m_controls;
+    QHash<QString, QAction*> m_menuItems;
+    KeyedToolBar* m_toolbar1 = nullptr;
+    KeyedToolBar* m_toolbar2 = nullptr;
+    RecordListMenu* m_recordList = nullptr;
+    // True while txtMyCode re-selects cobMyCodes; the combo's click then changes nothing.
+    bool MyCodeSyncing = false;
+};
+
+} // namespace tolvinpt

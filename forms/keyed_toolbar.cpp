@@ -1,0 +1,85 @@
+#include "forms/keyed_toolbar.h"
+
+#include <QIcon>
+#include <QToolButton>
+
+namespace tolvinpt {
+
+using namespace Qt::StringLiterals;
+
+KeyedToolBar::KeyedToolBar(const QString& name, std::span<const ToolButtonSpec> buttons, QWidget* parent)
+    : QToolBar(parent)
+{
+    setObjectName(name);
+    setMovable(false);
+    setFloatable(false);
+    setIconSize({16, 16});
+    setToolButtonStyle(Qt::ToolButtonIconOnly);
+    setFocusPolicy(Qt::NoFocus);
+    for (const auto& spec : buttons) {
+        if (spec.key.isEmpty()) {
+            m_positions.push_back(addSeparator());
+            continue;
+        }
+        const QString key = spec.key.toString();
+        QAction* action = addAction(QIcon(u":/tolvinpt/icons/"_s + spec.image.toString()), key);
+        action->setToolTip(spec.tooltip.toString());
+        action->setData(key);
+        auto* tool = static_cast<QToolButton*>(widgetForAction(action));
+        tool->setObjectName(key);
+        tool->setFocusPolicy(Qt::NoFocus);
+        if (spec.dropDown)
+            tool->setPopupMode(QToolButton::MenuButtonPopup);
+        connect(action, &QAction::triggered, this, [this, key] { emit buttonClicked(key); });
+        m_positions.push_back(action);
+    }
+}
+
+QToolButton* KeyedToolBar::button(const QString& key) const
+{
+    for (QAction* action : m_positions) {
+        if (!action->isSeparator() && action->data().toString() == key)
+            return static_cast<QToolButton*>(widgetForAction(action));
+    }
+    return nullptr;
+}
+
+QAction* KeyedToolBar::actionAt(int position) const
+{
+    if (position < 1 || position > count())
+        return nullptr;
+    QAction* action = m_positions[static_cast<std::size_t>(position - 1)];
+    return action->isSeparator() ? nullptr : action;
+}
+
+QToolButton* KeyedToolBar::buttonAt(int position) const
+{
+    QAction* action = actionAt(position);
+    return action ? static_cast<QToolButton*>(widgetForAction(action)) : nullptr;
+}
+
+QString KeyedToolBar::keyAt(int position) const
+{
+    QAction* action = actionAt(position);
+    return action ? action->data().toString() : QString();
+}
+
+void KeyedToolBar::setButtonEnabled(int position, bool enabled)
+{
+    if (QAction* action = actionAt(position))
+        action->setEnabled(enabled);
+}
+
+bool KeyedToolBar::isButtonEnabled(int position) const
+{
+    QAction* action = actionAt(position);
+    return action && action->isEnabled();
+}
+
+void KeyedToolBar::setButtonEnabled(const QString& key, bool enabled)
+{
+    if (QToolButton* tool = button(key))
+        tool->defaultAction()->setEnabled(enabled);
+}
+
+} // namespace tolvinpt
