@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -35,17 +36,19 @@ protected:
     }
 };
 
-// Two text fields, an editable combo box, a button and a toolbar action, in tab order; each field has
-// a Validate handler that accepts unless told to refuse, and a GotFocus handler, both counting.
+// Two text fields (the second with a mnemonic label), an editable combo box, a button and a toolbar action,
+// in tab order; each field has a Validate handler that accepts unless told to refuse, and a GotFocus handler,
+// both counting.
 struct FieldForm
 {
     QDialog dialog;
     QToolBar* toolbar = new QToolBar(&dialog);
     QAction* command = toolbar->addAction(QStringLiteral("command"));
     QLineEdit* a = new QLineEdit(QStringLiteral("alpha"), &dialog);
+    QLabel* label = new QLabel(QStringLiteral("&Bravo"), &dialog); // Alt+B moves to b
     QLineEdit* b = new QLineEdit(QStringLiteral("bravo"), &dialog);
     QComboBox* combo = new QComboBox(&dialog);
-    QPushButton* button = new QPushButton(QStringLiteral("OK"), &dialog);
+    QPushButton* button = new QPushButton(QStringLiteral("&OK"), &dialog);
     ValidateOnLeave* leave = new ValidateOnLeave(&dialog);
     FocusInCounter focusIns;
 
@@ -60,7 +63,8 @@ struct FieldForm
         combo->setEditable(true);
         combo->addItems({QStringLiteral("JPY"), QStringLiteral("USD")});
         auto* layout = new QVBoxLayout(&dialog);
-        for (QWidget* w : QList<QWidget*>{toolbar, a, b, combo, button})
+        label->setBuddy(b);
+        for (QWidget* w : QList<QWidget*>{toolbar, a, label, b, combo, button})
             layout->addWidget(w);
         for (QWidget* field : QList<QWidget*>{a, b, combo}) {
             leave->setValidate(field, [this, field](bool& cancel) {

@@ -11,7 +11,7 @@ namespace tolvinpt::test {
 namespace {
 
 enum class Field { A, B, Combo, Button };
-enum class Move { Tab, Backtab, Click, ClickThroughWindow };
+enum class Move { Tab, Backtab, Mnemonic, Click, ClickThroughWindow };
 
 QWidget* pick(FieldForm& form, Field field)
 {
@@ -45,6 +45,9 @@ void perform(FieldForm& form, Move move, QWidget* target)
     case Move::Backtab:
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
         break;
+    case Move::Mnemonic: // the label of b
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_B, Qt::AltModifier);
+        break;
     case Move::Click:
         QTest::mouseClick(clickSpot(target), Qt::LeftButton);
         break;
@@ -70,6 +73,8 @@ const LeaveCase leaveCases[] = {
     {"backtab refused", Move::Backtab, Field::B, Field::A, true},
     {"tab out of the combo accepted", Move::Tab, Field::Combo, Field::Button, false},
     {"tab out of the combo refused", Move::Tab, Field::Combo, Field::Button, true},
+    {"label mnemonic accepted", Move::Mnemonic, Field::A, Field::B, false},
+    {"label mnemonic refused", Move::Mnemonic, Field::Combo, Field::B, true},
     {"click accepted", Move::Click, Field::A, Field::B, false},
     {"click refused", Move::Click, Field::A, Field::B, true},
     {"click into the combo accepted", Move::Click, Field::B, Field::Combo, false},
@@ -133,6 +138,11 @@ TEST(ValidateOnLeave, ToolbarCommandsAndCodeDoNotValidate)
 
     QTest::mouseClick(form.toolbar->widgetForAction(form.command), Qt::LeftButton);
     EXPECT_EQ(form.commands, 1);
+    EXPECT_EQ(QApplication::focusWidget(), form.a);
+
+    // A button's mnemonic clicks it without moving the focus; its command validates if it must.
+    QTest::keyClick(form.a, Qt::Key_O, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return form.clicks == 1; }));
     EXPECT_EQ(QApplication::focusWidget(), form.a);
 
     form.b->setFocus(); // a command moving the focus
