@@ -32,6 +32,8 @@ QColor resolve(SystemColour colour)
 // Swallows what would change a locked combo box; navigation keys that leave it still pass.
 class ComboLock final : public QObject
 {
+    Q_OBJECT
+
 public:
     using QObject::QObject;
 
@@ -65,14 +67,14 @@ void setLocked(QWidget* field, bool locked)
         return;
     }
     if (auto* combo = qobject_cast<QComboBox*>(field)) {
-        if (!combo->findChild<ComboLock*>()) {
+        if (!combo->findChild<ComboLock*>(QString(), Qt::FindDirectChildrenOnly)) {
             auto* lock = new ComboLock(combo);
             combo->installEventFilter(lock);
         }
         if (combo->lineEdit()) {
             combo->lineEdit()->setReadOnly(locked);
             combo->lineEdit()->setProperty(LockedProperty, locked);
-            if (!combo->lineEdit()->findChild<ComboLock*>())
+            if (!combo->lineEdit()->findChild<ComboLock*>(QString(), Qt::FindDirectChildrenOnly))
                 combo->lineEdit()->installEventFilter(new ComboLock(combo->lineEdit()));
         }
     }
@@ -115,3 +117,5 @@ void setGrey(QWidget* field)
 }
 
 } // namespace tolvinpt
+
+#include "field_state.moc"
