@@ -4,6 +4,7 @@
 #include "forms/frmData/frmData.h"
 
 #include "platform/field_state.h"
+#include "platform/number_text.h"
 #include "store/package_quantities.h"
 
 #include <QCheckBox>
@@ -20,26 +21,6 @@ constexpr int PackageModes = 3;
 QString optionName(int index)
 {
     return QStringLiteral("optQuantity(%1)").arg(index);
-}
-
-// The longest leading decimal number of `text` (blanks skipped, at most one point), as currency; 0
-// when there is none.
-// TODO: use leadingNumber from platform/number.h once it is in the tree.
-Currency leadingCurrency(const QString& text)
-{
-    QString digits;
-    bool point = false;
-    for (QChar c : text) {
-        if (c == u' ')
-            continue;
-        if (c.isDigit() && c.unicode() < 128)
-            digits += c;
-        else if (c == u'.' && !point)
-            point = true, digits += c;
-        else
-            break;
-    }
-    return Currency::fromString(digits).value_or(Currency());
 }
 
 } // namespace
@@ -113,7 +94,8 @@ void frmData::optQuantity_Click(int index)
     control(QStringLiteral("cmdQuantity"))->setEnabled(index == 3);
     gPackageQty.fill(Currency());
     if (index == 3)
-        gPackageQty[0] = leadingCurrency(control<QLineEdit>(QStringLiteral("txtAmountDelivery"))->text());
+        gPackageQty[0] = Currency::fromDecimal(leadingNumber(control<QLineEdit>(QStringLiteral("txtAmountDelivery"))->text()))
+                             .value_or(Currency());
     bChangedQTY = true;
     // Tab reaches the selected option only; the arrow keys move between the options.
     for (int other = 1; other <= PackageModes; ++other)

@@ -6,6 +6,7 @@
 #include "forms/keyed_toolbar.h"
 #include "forms/menu_builder.h"
 #include "platform/twips.h"
+#include "platform/validate_on_leave.h"
 
 #include <QKeyEvent>
 #include <QMenuBar>
@@ -21,7 +22,9 @@ frmData::frmData(const CompanySettings& company, QWidget* parent) : QDialog(pare
     setWindowTitle(frmdata::Caption.toString());
     setFont(formFont());
     buildChrome();
+    m_leave = new ValidateOnLeave(this);
     connectChangeFlags();
+    installFieldRules();
     Form_Load();
 }
 

@@ -11,6 +11,7 @@ namespace tolvinpt {
 
 class CompanySettings;
 class KeyedToolBar;
+class ValidateOnLeave;
 class RecordListMenu;
 
 class frmData final : public QDialog
@@ -59,6 +60,9 @@ public:
     RecordListMenu* recordList() const { return m_recordList; }
     // Menu items and separators by name; the top-level menus by theirs (their menu action).
     QAction* menuItem(const QString& name) const { return m_menuItems.value(name); }
+    // The form's validate-on-leave mechanism: field rules hang their Validate and GotFocus on it.
+    ValidateOnLeave& leave() const { return *m_leave; }
+    const CompanySettings& company() const { return m_company; }
 
     // Click handling that other commands run as procedures.
     void TabStrip1_Click();
@@ -74,6 +78,7 @@ private:
     void fillOwnCodes();
     void fillFixedLists();
     void connectChangeFlags();
+    void installFieldRules();
     void optQuantity_Click(int index);
 
     const CompanySettings& m_company;
@@ -82,6 +87,7 @@ private:
     KeyedToolBar* m_toolbar1 = nullptr;
     KeyedToolBar* m_toolbar2 = nullptr;
     RecordListMenu* m_recordList = nullptr;
+    ValidateOnLeave* m_leave = nullptr;
     // True while txtMyCode re-selects cobMyCodes; the combo's click then changes nothing.
     bool MyCodeSyncing = false;
 };

@@ -1,0 +1,23 @@
+// Field rules: what each field does when it is entered, typed into and left.
+#include "forms/frmData/catalogue.h"
+#include "forms/frmData/frmData.h"
+
+#include "platform/select_all.h"
+#include "platform/validate_on_leave.h"
+
+#include <QLineEdit>
+
+namespace tolvinpt {
+
+void frmData::installFieldRules()
+{
+    // Entering any text field selects its whole text, so that typing replaces it.
+    for (const auto& spec : frmdata::controls()) {
+        if (spec.kind != ControlKind::TextBox)
+            continue;
+        auto* box = control<QLineEdit>(spec.name.toString());
+        m_leave->setGotFocus(box, [box] { SelectAllText(box); });
+    }
+}
+
+} // namespace tolvinpt
