@@ -58,8 +58,8 @@ CREATE TABLE T_Delivery (
 -- Order key: the duplicate check, the order-number search and the split look records up by it.
 CREATE INDEX IX_Delivery_OrderKey ON T_Delivery (IDCustomer, F00007, F00159);
 
--- Not unique and without a foreign key: a quantity-only save of a record that has no row yet writes its
--- packages under IDData 0, and a refused row must not fail the rest of the save.
+-- No foreign key: a quantity-only save of a record that has no row yet writes its packages under
+-- IDData 0.
 CREATE TABLE T_DeliveryQTY (
     IDData            INTEGER NOT NULL,
     Sequence          INTEGER NOT NULL,
