@@ -26,11 +26,10 @@ CommandLine parseCommandLine(const QStringList& arguments, QTextStream& out, QTe
                                   QStringLiteral("このヘルプを表示します。"));
     const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
                                      QStringLiteral("バージョンを表示します。"));
-    const QCommandLineOption database(
-        {QStringLiteral("d"), QStringLiteral("database")},
-        QStringLiteral("使う SQLite データベースファイル (既定: %1)。")
-            .arg(QDir::toNativeSeparators(defaultDatabasePath())),
-        QStringLiteral("FILE"));
+    const QCommandLineOption database({QStringLiteral("d"), QStringLiteral("database")},
+                                      QStringLiteral("使う SQLite データベースファイル (既定: %1)。")
+                                          .arg(QDir::toNativeSeparators(defaultDatabasePath())),
+                                      QStringLiteral("FILE"));
     parser.addOptions({help, version, database});
 
     if (!parser.parse(arguments)) {

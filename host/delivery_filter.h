@@ -16,7 +16,7 @@ public:
     explicit DeliveryFilter(QObject* parent = nullptr);
 
     void setCustomer(std::optional<qint64> customerId);
-    void setKind(const QString& caption);  // empty: every kind
+    void setKind(const QString& caption); // empty: every kind
     void setShowWasteBox(bool show);
     bool showsWasteBox() const { return m_showWasteBox; }
 

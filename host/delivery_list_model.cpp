@@ -12,8 +12,8 @@
 namespace tolvinpt::host {
 namespace {
 
-const char16_t* const kHeaders[] = {u"ID",     u"得意先", u"種別", u"注文番号", u"納品ｷｰ番号", u"品名",
-                                    u"納入数量", u"単位",  u"通貨", u"納期",    u"出荷日",     u"納入日"};
+const char16_t* const kHeaders[] = {u"ID",       u"得意先", u"種別", u"注文番号", u"納品ｷｰ番号", u"品名",
+                                    u"納入数量", u"単位",   u"通貨", u"納期",     u"出荷日",     u"納入日"};
 static_assert(std::size(kHeaders) == DeliveryListModel::ColumnCount);
 
 QString isoDate(const QVariant& value)
@@ -48,14 +48,18 @@ QString formatQuantity(const QVariant& value)
     return text;
 }
 
-DeliveryListModel::DeliveryListModel(QObject* parent) : QAbstractTableModel(parent) {}
+DeliveryListModel::DeliveryListModel(QObject* parent) : QAbstractTableModel(parent)
+{
+}
 
 void DeliveryListModel::reload(const QSqlDatabase& db)
 {
-    QSqlQuery q = execQuery(db, QStringLiteral(
-        "SELECT d.IDData, d.IDCustomer, c.Name, d.F00002, d.F00030, d.F00007, d.F00159, d.F00262, d.F00022, "
-        "d.F00036, d.F00012, d.F00281, d.F00031, d.F00039, d.F00040, d.InDustBox "
-        "FROM T_Delivery d LEFT JOIN T_Customer c ON c.IDCustomer = d.IDCustomer ORDER BY d.IDData"));
+    QSqlQuery q = execQuery(
+        db, QStringLiteral(
+                "SELECT d.IDData, d.IDCustomer, c.Name, d.F00002, d.F00030, d.F00007, d.F00159, d.F00262, "
+                "d.F00022, "
+                "d.F00036, d.F00012, d.F00281, d.F00031, d.F00039, d.F00040, d.InDustBox "
+                "FROM T_Delivery d LEFT JOIN T_Customer c ON c.IDCustomer = d.IDCustomer ORDER BY d.IDData"));
     QList<DeliveryLine> lines;
     while (q.next()) {
         DeliveryLine l;
@@ -97,15 +101,21 @@ QVariant DeliveryListModel::data(const QModelIndex& index, int role) const
         return {};
     const DeliveryLine& l = m_lines.at(index.row());
     switch (role) {
-    case IdRole: return l.id;
-    case CustomerIdRole: return l.customerId;
-    case KindRole: return l.kind;
-    case WasteBoxRole: return l.inWasteBox;
+    case IdRole:
+        return l.id;
+    case CustomerIdRole:
+        return l.customerId;
+    case KindRole:
+        return l.kind;
+    case WasteBoxRole:
+        return l.inWasteBox;
     case Qt::TextAlignmentRole:
         return index.column() == Id || index.column() == DeliveryQuantity
-                   ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
+                   ? QVariant(Qt::AlignRight | Qt::AlignVCenter)
+                   : QVariant();
     case Qt::ForegroundRole:
-        return l.inWasteBox ? QVariant(QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text)) : QVariant();
+        return l.inWasteBox ? QVariant(QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text))
+                            : QVariant();
     case Qt::FontRole: {
         if (!l.inWasteBox)
             return {};
@@ -121,19 +131,33 @@ QVariant DeliveryListModel::data(const QModelIndex& index, int role) const
     }
     const bool display = role == Qt::DisplayRole;
     switch (index.column()) {
-    case Id: return display ? QVariant(QString::number(l.id)) : QVariant(l.id);
-    case CustomerName: return l.customerName;
-    case Kind: return l.kind;
-    case OrderNumber: return l.orderNumber;
-    case DeliveryKey: return l.deliveryKey;
-    case ItemName: return l.itemName;
-    case DeliveryQuantity: return display ? QVariant(formatQuantity(l.deliveryQuantity)) : QVariant(l.deliveryQuantity.toDouble());
-    case Unit: return l.unit;
-    case Currency: return l.currency;
-    case DueDate: return display ? shownDate(l.dueDate) : l.dueDate;
-    case ShipDate: return display ? shownDate(l.shipDate) : l.shipDate;
-    case DeliveryDate: return display ? shownDate(l.deliveryDate) : l.deliveryDate;
-    default: return {};
+    case Id:
+        return display ? QVariant(QString::number(l.id)) : QVariant(l.id);
+    case CustomerName:
+        return l.customerName;
+    case Kind:
+        return l.kind;
+    case OrderNumber:
+        return l.orderNumber;
+    case DeliveryKey:
+        return l.deliveryKey;
+    case ItemName:
+        return l.itemName;
+    case DeliveryQuantity:
+        return display ? QVariant(formatQuantity(l.deliveryQuantity))
+                       : QVariant(l.deliveryQuantity.toDouble());
+    case Unit:
+        return l.unit;
+    case Currency:
+        return l.currency;
+    case DueDate:
+        return display ? shownDate(l.dueDate) : l.dueDate;
+    case ShipDate:
+        return display ? shownDate(l.shipDate) : l.shipDate;
+    case DeliveryDate:
+        return display ? shownDate(l.deliveryDate) : l.deliveryDate;
+    default:
+        return {};
     }
 }
 

@@ -19,7 +19,7 @@ struct DeliveryLine
     QVariant deliveryQuantity;
     QString unit;
     QString currency;
-    QString dueDate;       // ISO dates, empty when Null
+    QString dueDate; // ISO dates, empty when Null
     QString shipDate;
     QString deliveryDate;
     bool inWasteBox = false;
@@ -31,14 +31,27 @@ class DeliveryListModel : public QAbstractTableModel
     Q_OBJECT
 
 public:
-    enum Column { Id, CustomerName, Kind, OrderNumber, DeliveryKey, ItemName, DeliveryQuantity, Unit, Currency,
-                  DueDate, ShipDate, DeliveryDate, ColumnCount };
+    enum Column {
+        Id,
+        CustomerName,
+        Kind,
+        OrderNumber,
+        DeliveryKey,
+        ItemName,
+        DeliveryQuantity,
+        Unit,
+        Currency,
+        DueDate,
+        ShipDate,
+        DeliveryDate,
+        ColumnCount
+    };
     enum Role {
-        SortRole = Qt::UserRole,  // numbers as numbers, dates as ISO text
-        IdRole,                   // IDData
+        SortRole = Qt::UserRole, // numbers as numbers, dates as ISO text
+        IdRole,                  // IDData
         CustomerIdRole,
-        KindRole,                 // kind caption
-        WasteBoxRole,             // true for a record in the waste box
+        KindRole,     // kind caption
+        WasteBoxRole, // true for a record in the waste box
     };
 
     explicit DeliveryListModel(QObject* parent = nullptr);

@@ -15,21 +15,19 @@ const Item kItems[] = {
     {u"B-7105-0044", u"TK-HS1200", u"ﾀｲﾈﾂﾎｰｽ 12MM", u"耐熱ホース　１２ｍｍ", u"M", 310400},
     {u"B-8200-0500", u"TK-GK0500", u"ｺﾞﾑﾊﾟｯｷﾝ 50A", u"ゴムパッキン　５０Ａ", u"PCS", 88000},
     {u"B-9010-0150", u"TK-CB0150", u"ﾀﾞﾝﾎﾞｰﾙﾊﾞｺ 150ｻｲｽﾞ", u"段ボール箱　１５０サイズ", u"PCS", 145000},
-    {u"B-2255-0890", u"TK-SF2020", u"ｼｬﾌﾄ S45C D20X200", u"シャフト　Ｓ４５Ｃ　φ２０×２００", u"PCS", 1540000},
+    {u"B-2255-0890", u"TK-SF2020", u"ｼｬﾌﾄ S45C D20X200", u"シャフト　Ｓ４５Ｃ　φ２０×２００", u"PCS",
+     1540000},
     {u"B-3390-0015", u"TK-KB0015", u"ｹｰﾌﾞﾙﾀｲ 150MM", u"ケーブルタイ　１５０ｍｍ", u"PCS", 3300},
 };
 
 const Place kPlaces[] = {
-    {u"0010", u"ﾎﾝｼｬｺｳｼﾞｮｳ", u"本社工場"},
-    {u"0020", u"ｷｭｳｼｭｳｺｳｼﾞｮｳ", u"九州工場"},
-    {u"1001", u"ﾌﾞﾂﾘｭｳｾﾝﾀｰ", u"物流センター"},
-    {u"2050", u"ﾀﾞｲ2ｿｳｺ", u"第２倉庫"},
-    {u"3300", u"ｱﾂｷﾞｼﾞｷﾞｮｳｼｮ", u"厚木事業所"},
-    {u"A-12", u"ｳｹｲﾚｹﾝｻﾊﾞ", u"受入検査場"},
+    {u"0010", u"ﾎﾝｼｬｺｳｼﾞｮｳ", u"本社工場"},     {u"0020", u"ｷｭｳｼｭｳｺｳｼﾞｮｳ", u"九州工場"},
+    {u"1001", u"ﾌﾞﾂﾘｭｳｾﾝﾀｰ", u"物流センター"}, {u"2050", u"ﾀﾞｲ2ｿｳｺ", u"第２倉庫"},
+    {u"3300", u"ｱﾂｷﾞｼﾞｷﾞｮｳｼｮ", u"厚木事業所"}, {u"A-12", u"ｳｹｲﾚｹﾝｻﾊﾞ", u"受入検査場"},
 };
 
 const TextPair kPurchasers[] = {
-    {u"ﾀﾅｶ", u"田中"},   {u"ｽｽﾞｷ", u"鈴木"}, {u"ｻﾄｳ", u"佐藤"},   {u"ﾀｶﾊｼ", u"高橋"},
+    {u"ﾀﾅｶ", u"田中"},   {u"ｽｽﾞｷ", u"鈴木"}, {u"ｻﾄｳ", u"佐藤"},  {u"ﾀｶﾊｼ", u"高橋"},
     {u"ﾜﾀﾅﾍﾞ", u"渡辺"}, {u"ｲﾄｳ", u"伊藤"},  {u"ﾔﾏﾓﾄ", u"山本"}, {u"ｺﾊﾞﾔｼ", u"小林"},
 };
 
@@ -51,10 +49,25 @@ const TextPair kSupplierRemarks[] = {
 
 } // namespace
 
-std::span<const Item> items() { return kItems; }
-std::span<const Place> places() { return kPlaces; }
-std::span<const TextPair> purchasers() { return kPurchasers; }
-std::span<const TextPair> buyerRemarks() { return kBuyerRemarks; }
-std::span<const TextPair> supplierRemarks() { return kSupplierRemarks; }
+std::span<const Item> items()
+{
+    return kItems;
+}
+std::span<const Place> places()
+{
+    return kPlaces;
+}
+std::span<const TextPair> purchasers()
+{
+    return kPurchasers;
+}
+std::span<const TextPair> buyerRemarks()
+{
+    return kBuyerRemarks;
+}
+std::span<const TextPair> supplierRemarks()
+{
+    return kSupplierRemarks;
+}
 
 } // namespace tolvinpt::host::demo

@@ -9,19 +9,19 @@ namespace tolvinpt::host::demo {
 
 struct Item
 {
-    const char16_t* buyerCode;     // F00024
-    const char16_t* supplierCode;  // F00023
-    const char16_t* nameA;         // F00022
-    const char16_t* nameK;         // F00262
-    const char16_t* unit;          // F00012
-    int yenPriceMilli;             // unit price in yen, in thousandths
+    const char16_t* buyerCode;    // F00024
+    const char16_t* supplierCode; // F00023
+    const char16_t* nameA;        // F00022
+    const char16_t* nameK;        // F00262
+    const char16_t* unit;         // F00012
+    int yenPriceMilli;            // unit price in yen, in thousandths
 };
 
 struct Place
 {
-    const char16_t* code;   // F00028
-    const char16_t* nameA;  // F00160
-    const char16_t* nameK;  // F00274
+    const char16_t* code;  // F00028
+    const char16_t* nameA; // F00160
+    const char16_t* nameK; // F00274
 };
 
 // A pair of a half-width text and its full-width counterpart (purchasing person, remarks).

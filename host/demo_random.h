@@ -19,8 +19,10 @@ public:
     int between(int low, int high) { return low + below(high - low + 1); }
     // true with the given chance in percent
     bool percent(int chance) { return below(100) < chance; }
-    template <typename T>
-    const T& pick(std::span<const T> items) { return items[static_cast<std::size_t>(below(static_cast<int>(items.size())))]; }
+    template <typename T> const T& pick(std::span<const T> items)
+    {
+        return items[static_cast<std::size_t>(below(static_cast<int>(items.size())))];
+    }
     // An index chosen by weight.
     int weighted(std::span<const int> weights)
     {

@@ -57,9 +57,11 @@ int openOrRefuse(const QString& path, QTextStream& err, bool messageBox)
     const OpenOutcome outcome = openHostDatabase(path, kHostConnection);
     if (outcome.code == ExitCode::Ok)
         return toInt(ExitCode::Ok);
-    err << kApplicationName << QStringLiteral(": ") << QString(outcome.message).replace(u'\n', u' ') << Qt::endl;
+    err << kApplicationName << QStringLiteral(": ") << QString(outcome.message).replace(u'\n', u' ')
+        << Qt::endl;
     if (messageBox)
-        messages().show({outcome.message, kApplicationName, QMessageBox::Critical, QMessageBox::Ok, QMessageBox::Ok});
+        messages().show(
+            {outcome.message, kApplicationName, QMessageBox::Critical, QMessageBox::Ok, QMessageBox::Ok});
     return toInt(outcome.code);
 }
 
@@ -75,7 +77,8 @@ int runHost(QApplication& app, bool headless)
     if (const int refused = openOrRefuse(commandLine.databasePath, err, platformShowsWindows()))
         return refused;
     if (headless) {
-        err << kApplicationName << QStringLiteral(": 画面がありません (DISPLAY が設定されていません)。") << Qt::endl;
+        err << kApplicationName << QStringLiteral(": 画面がありません (DISPLAY が設定されていません)。")
+            << Qt::endl;
         closeHostDatabase(kHostConnection);
         return toInt(ExitCode::NoDisplay);
     }

@@ -72,15 +72,18 @@ OpenOutcome inspect(const QString& path)
     try {
         if (pragmaValue(db, QStringLiteral("application_id")) != kApplicationId || !holdsAllTables(db))
             return refused(ExitCode::ForeignDatabase,
-                           QStringLiteral("このファイルは tolvinpt-host のデータベースではありません。"), path);
+                           QStringLiteral("このファイルは tolvinpt-host のデータベースではありません。"),
+                           path);
         if (pragmaValue(db, QStringLiteral("user_version")) > kSchemaVersion)
             return refused(ExitCode::NewerDatabase,
-                           QStringLiteral("このデータベースは新しい版の tolvinpt-host で作られています。"), path);
+                           QStringLiteral("このデータベースは新しい版の tolvinpt-host で作られています。"),
+                           path);
     } catch (const Error& e) {
         if (e.number() == kSqliteNotADatabase)
             return refused(ExitCode::NotADatabase,
                            QStringLiteral("このファイルは SQLite のデータベースではありません。"), path);
-        return refused(ExitCode::CannotOpen, QStringLiteral("データベースを読めません: ") + e.description(), path);
+        return refused(ExitCode::CannotOpen, QStringLiteral("データベースを読めません: ") + e.description(),
+                       path);
     }
     return {};
 }
@@ -128,9 +131,10 @@ OpenOutcome create(const QString& path, const QString& connectionName)
         // The file is ours and unfinished: leave nothing half made behind.
         QFile::remove(path);
         QFile::remove(path + QStringLiteral("-journal"));
-        return refused(ExitCode::CannotOpen,
-                       QStringLiteral("データベースを作成できません: %1 (%2)").arg(e.description()).arg(e.number()),
-                       path);
+        return refused(
+            ExitCode::CannotOpen,
+            QStringLiteral("データベースを作成できません: %1 (%2)").arg(e.description()).arg(e.number()),
+            path);
     }
     return {};
 }
@@ -142,7 +146,8 @@ OpenOutcome openHostDatabase(const QString& path, const QString& connectionName)
     const QFileInfo info(path);
     if (!info.exists()) {
         if (!info.dir().exists())
-            return refused(ExitCode::CannotOpen, QStringLiteral("データベースのフォルダがありません。"), path);
+            return refused(ExitCode::CannotOpen, QStringLiteral("データベースのフォルダがありません。"),
+                           path);
         return create(path, connectionName);
     }
     if (!info.isFile())
@@ -152,7 +157,8 @@ OpenOutcome openHostDatabase(const QString& path, const QString& connectionName)
     if (OpenOutcome outcome = inspect(path); outcome.code != ExitCode::Ok)
         return outcome;
     if (!info.isWritable())
-        return refused(ExitCode::CannotOpen, QStringLiteral("データベースに書き込む権限がありません。"), path);
+        return refused(ExitCode::CannotOpen, QStringLiteral("データベースに書き込む権限がありません。"),
+                       path);
 
     if (!openConnection(path, connectionName, kBusyTimeout)) {
         closeHostDatabase(connectionName);

@@ -74,10 +74,7 @@ struct CustomerRow
 };
 
 // One customer with its settings and both option objects: all read-only views of one row.
-class TableCustomer final : public Customer,
-                            CustomerSettings,
-                            CustomerEntryOptions,
-                            CustomerDisplayOptions
+class TableCustomer final : public Customer, CustomerSettings, CustomerEntryOptions, CustomerDisplayOptions
 {
 public:
     explicit TableCustomer(CustomerRow row) : m_row(std::move(row)) {}
@@ -169,8 +166,9 @@ public:
     {
         const QSqlDatabase db = QSqlDatabase::database(m_connectionName, false);
         CompanyRow row;
-        QSqlQuery company = execQuery(db, QStringLiteral(
-            "SELECT OwnName, OwnCode, MultipleOwnCodes, UseQuantityBreakdown, ViewOnly FROM T_Company WHERE ID = 1"));
+        QSqlQuery company =
+            execQuery(db, QStringLiteral("SELECT OwnName, OwnCode, MultipleOwnCodes, UseQuantityBreakdown, "
+                                         "ViewOnly FROM T_Company WHERE ID = 1"));
         if (company.next())
             row = {company.value(0).toString(), company.value(1).toString(), flag(company.value(2)),
                    flag(company.value(3)), flag(company.value(4))};
@@ -185,17 +183,24 @@ public:
     {
         const QSqlDatabase db = QSqlDatabase::database(m_connectionName, false);
         QList<CustomerRow> rows;
-        QSqlQuery customers = execQuery(db, QStringLiteral(
-            "SELECT c.IDCustomer, c.Code, c.Name, c.Deleted, COALESCE(s.NoQuantityBreakdown, 0), "
-            "COALESCE(s.LenientEntry, 0), COALESCE(s.HideQuantityFrame, 0) "
-            "FROM T_Customer c LEFT JOIN T_CustomerSettings s ON s.IDCustomer = c.IDCustomer "
-            "ORDER BY c.IDCustomer"));
+        QSqlQuery customers = execQuery(
+            db, QStringLiteral(
+                    "SELECT c.IDCustomer, c.Code, c.Name, c.Deleted, COALESCE(s.NoQuantityBreakdown, 0), "
+                    "COALESCE(s.LenientEntry, 0), COALESCE(s.HideQuantityFrame, 0) "
+                    "FROM T_Customer c LEFT JOIN T_CustomerSettings s ON s.IDCustomer = c.IDCustomer "
+                    "ORDER BY c.IDCustomer"));
         while (customers.next())
-            rows.append({long(customers.value(0).toLongLong()), customers.value(1).toString(),
-                         customers.value(2).toString(), flag(customers.value(3)), flag(customers.value(4)),
-                         flag(customers.value(5)), flag(customers.value(6)), {}});
-        QSqlQuery subCodes = execQuery(db, QStringLiteral(
-            "SELECT IDCustomer, SubCode, Name FROM T_CustomerSubCode ORDER BY IDCustomer, Position"));
+            rows.append({long(customers.value(0).toLongLong()),
+                         customers.value(1).toString(),
+                         customers.value(2).toString(),
+                         flag(customers.value(3)),
+                         flag(customers.value(4)),
+                         flag(customers.value(5)),
+                         flag(customers.value(6)),
+                         {}});
+        QSqlQuery subCodes = execQuery(
+            db, QStringLiteral(
+                    "SELECT IDCustomer, SubCode, Name FROM T_CustomerSubCode ORDER BY IDCustomer, Position"));
         while (subCodes.next())
             for (CustomerRow& row : rows)
                 if (row.id == subCodes.value(0).toLongLong())

@@ -9,7 +9,8 @@ namespace tolvinpt::host {
 Items itemsInListOrder(const QItemSelectionModel& selection)
 {
     QModelIndexList rows = selection.selectedRows();
-    std::sort(rows.begin(), rows.end(), [](const QModelIndex& a, const QModelIndex& b) { return a.row() < b.row(); });
+    std::sort(rows.begin(), rows.end(),
+              [](const QModelIndex& a, const QModelIndex& b) { return a.row() < b.row(); });
     Items items;
     for (const QModelIndex& row : rows)
         items.Add(row.data(DeliveryListModel::IdRole).toLongLong());

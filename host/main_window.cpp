@@ -37,11 +37,8 @@ void reportError(const Error& e, const QString& title)
 
 MainWindow::MainWindow(QString connectionName, QString databasePath, std::unique_ptr<EntryCalls> calls,
                        QWidget* parent)
-    : QMainWindow(parent),
-      m_connectionName(std::move(connectionName)),
-      m_calls(std::move(calls)),
-      m_model(new DeliveryListModel(this)),
-      m_filter(new DeliveryFilter(this))
+    : QMainWindow(parent), m_connectionName(std::move(connectionName)), m_calls(std::move(calls)),
+      m_model(new DeliveryListModel(this)), m_filter(new DeliveryFilter(this))
 {
     setWindowTitle(QStringLiteral("納品データ一覧 - %1").arg(QDir::toNativeSeparators(databasePath)));
 
@@ -163,8 +160,9 @@ void MainWindow::fillCustomerFilter()
     QSignalBlocker block(m_customerFilter);
     m_customerFilter->clear();
     m_customerFilter->addItem(QStringLiteral("すべての得意先"));
-    QSqlQuery q = execQuery(QSqlDatabase::database(m_connectionName, false),
-                            QStringLiteral("SELECT IDCustomer, Name, Deleted FROM T_Customer ORDER BY IDCustomer"));
+    QSqlQuery q =
+        execQuery(QSqlDatabase::database(m_connectionName, false),
+                  QStringLiteral("SELECT IDCustomer, Name, Deleted FROM T_Customer ORDER BY IDCustomer"));
     while (q.next()) {
         const bool deleted = q.value(2).toLongLong() != 0;
         m_customerFilter->addItem(deleted ? QStringLiteral("%1 (削除済み)").arg(q.value(1).toString())

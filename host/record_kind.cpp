@@ -5,8 +5,8 @@ namespace {
 
 struct KindRow
 {
-    const char16_t* code;      // null: any code
-    const char16_t* subState;  // null: any sub-state
+    const char16_t* code;     // null: any code
+    const char16_t* subState; // null: any sub-state
     const char16_t* caption;
 };
 
