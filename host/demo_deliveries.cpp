@@ -8,6 +8,7 @@
 #include <QDate>
 #include <QHash>
 #include <QStringList>
+#include <algorithm>
 
 namespace tolvinpt::host {
 namespace {
@@ -225,7 +226,9 @@ void DeliveryWriter::addPackages(ColumnValues& row, qint64 deliveryMilli, bool w
         const int count = int(std::min<qint64>(m_rng.between(2, 6), units));
         qint64 left = units;
         for (int seq = 1; seq < count; ++seq) {
-            const qint64 share = std::max<qint64>(1, left / (count - seq + 1) + m_rng.between(-2, 2));
+            const qint64 later = count - seq; // packages still to come, at least one unit each
+            const qint64 share =
+                std::clamp<qint64>(left / (later + 1) + m_rng.between(-2, 2), 1, left - later);
             m_packages.append(share * 1000);
             left -= share;
         }
