@@ -18,6 +18,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QStatusBar>
+#include <QStyle>
 #include <QTableView>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -126,7 +127,7 @@ void MainWindow::buildFilterBar(QWidget* bar)
 
 void MainWindow::buildActions()
 {
-    m_open = new QAction(QStringLiteral("開く"), this);
+    m_open = new QAction(style()->standardIcon(QStyle::SP_DialogOpenButton), QStringLiteral("開く"), this);
     m_open->setObjectName(QStringLiteral("openRecords"));
     m_open->setShortcuts({QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
     m_open->setShortcutContext(Qt::WidgetWithChildrenShortcut);
@@ -134,20 +135,21 @@ void MainWindow::buildActions()
     m_view->addAction(m_open);
     connect(m_open, &QAction::triggered, this, &MainWindow::openSelected);
 
-    m_new = new QAction(QStringLiteral("新規入力"), this);
+    m_new = new QAction(style()->standardIcon(QStyle::SP_FileIcon), QStringLiteral("新規入力"), this);
     m_new->setObjectName(QStringLiteral("newRecord"));
     m_new->setShortcut(QKeySequence::New);
     m_new->setToolTip(QStringLiteral("新しい納品データを手入力します (Ctrl+N)"));
     connect(m_new, &QAction::triggered, this, &MainWindow::enterNew);
 
-    auto* refreshAction = new QAction(QStringLiteral("最新の情報に更新"), this);
+    auto* refreshAction =
+        new QAction(style()->standardIcon(QStyle::SP_BrowserReload), QStringLiteral("最新の情報に更新"), this);
     refreshAction->setShortcut(QKeySequence::Refresh);
     connect(refreshAction, &QAction::triggered, this, &MainWindow::refresh);
 
     QToolBar* tools = addToolBar(QStringLiteral("操作"));
     tools->setObjectName(QStringLiteral("tools"));
     tools->setMovable(false);
-    tools->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    tools->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     tools->addAction(m_open);
     tools->addAction(m_new);
     tools->addSeparator();
