@@ -48,15 +48,15 @@ private:
 
     QString m_connectionName;
     std::unique_ptr<EntryCalls> m_calls;
-    DeliveryListModel* m_model;
-    DeliveryFilter* m_filter;
-    QTableView* m_view;
-    QComboBox* m_customerFilter;
-    QComboBox* m_kindFilter;
-    QCheckBox* m_showWasteBox;
-    QAction* m_open;
-    QAction* m_new;
-    QLabel* m_count;
+    DeliveryListModel* m_model = nullptr;
+    DeliveryFilter* m_filter = nullptr;
+    QTableView* m_view = nullptr;
+    QComboBox* m_customerFilter = nullptr;
+    QComboBox* m_kindFilter = nullptr;
+    QCheckBox* m_showWasteBox = nullptr;
+    QAction* m_open = nullptr;
+    QAction* m_new = nullptr;
+    QLabel* m_count = nullptr;
 };
 
 } // namespace tolvinpt::host
