@@ -1,11 +1,10 @@
-#include <tolvinpt/fmInput.h>
+#include "host/host_app.h"
 
 #include <QApplication>
-#include <QTextStream>
 
 int main(int argc, char** argv)
 {
+    const bool headless = tolvinpt::host::preparePlatform();
     QApplication app(argc, argv);
-    QTextStream(stdout) << QStringLiteral(TOLVINPT_VERSION) << Qt::endl;
-    return 0;
+    return tolvinpt::host::runHost(app, headless);
 }

@@ -12,4 +12,14 @@ int packageCount(const PackageQuantities& quantities)
     return static_cast<int>(end - quantities.begin());
 }
 
+void loadPackageQuantities(PackageQuantities& quantities, const std::vector<std::optional<Currency>>& rows)
+{
+    const std::size_t count = std::min(rows.size(), quantities.size());
+    for (std::size_t i = 0; i < count; ++i) {
+        if (rows[i])
+            quantities[i] = *rows[i];
+    }
+    std::fill(quantities.begin() + static_cast<std::ptrdiff_t>(count), quantities.end(), Currency());
+}
+
 } // namespace tolvinpt

@@ -3,6 +3,8 @@
 #include "platform/currency.h"
 
 #include <array>
+#include <optional>
+#include <vector>
 
 namespace tolvinpt {
 
@@ -14,5 +16,9 @@ extern PackageQuantities gPackageQty;
 
 // Number of packages: the elements before the first zero.
 int packageCount(const PackageQuantities& quantities);
+
+// Loads stored package rows (readPackageRows) in their order: row i goes to element i, a row without a
+// usable quantity leaves its element as it was, and every element after the last row becomes zero.
+void loadPackageQuantities(PackageQuantities& quantities, const std::vector<std::optional<Currency>>& rows);
 
 } // namespace tolvinpt

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+class QTextStream;
+
+namespace tolvinpt::host {
+
+struct CommandLine
+{
+    QString databasePath;
+    // Set when the command line has been answered in full (--help, --version, an error): exit with it.
+    std::optional<int> exitCode;
+};
+
+// Reads the arguments (arguments[0] is the program). --help and --version are answered on `out`,
+// errors on `err`. Without --database the file lies in the user's data folder, which is created.
+CommandLine parseCommandLine(const QStringList& arguments, QTextStream& out, QTextStream& err);
+
+// The database file used when no --database is given: delivery.sqlite in the user's data folder.
+QString defaultDatabasePath();
+
+} // namespace tolvinpt::host

@@ -1,0 +1,98 @@
+#include "host/host_app.h"
+
+#include "host/command_line.h"
+#include "host/entry_calls.h"
+#include "host/exit_codes.h"
+#include "host/host_database.h"
+#include "host/host_objects.h"
+#include "host/main_window.h"
+
+#include "platform/messages.h"
+
+#include <tolvinpt/host.h>
+
+#include <QApplication>
+#include <QFont>
+#include <QTextStream>
+
+namespace tolvinpt::host {
+namespace {
+
+const QString kApplicationName = QStringLiteral("tolvinpt-host");
+
+bool hasDisplay()
+{
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+}
+
+// Offscreen and minimal platforms have no one to click a message box away.
+bool platformShowsWindows()
+{
+    const QString platform = QGuiApplication::platformName();
+    return platform != u"offscreen" && platform != u"minimal";
+}
+
+} // namespace
+
+bool preparePlatform()
+{
+    if (hasDisplay() || qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        return false;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    return true;
+}
+
+void configureApplication(QApplication& app)
+{
+    QApplication::setApplicationName(kApplicationName);
+    QApplication::setApplicationVersion(QStringLiteral(TOLVINPT_VERSION));
+    // Half-width and full-width forms only read right in a Japanese font.
+    QFont font(QStringLiteral("Noto Sans CJK JP"), 10);
+    font.setStyleHint(QFont::SansSerif);
+    app.setFont(font);
+}
+
+int openOrRefuse(const QString& path, QTextStream& err, bool messageBox)
+{
+    const OpenOutcome outcome = openHostDatabase(path, kHostConnection);
+    if (outcome.code == ExitCode::Ok)
+        return toInt(ExitCode::Ok);
+    err << kApplicationName << QStringLiteral(": ") << QString(outcome.message).replace(u'\n', u' ')
+        << Qt::endl;
+    if (messageBox)
+        messages().show(
+            {outcome.message, kApplicationName, QMessageBox::Critical, QMessageBox::Ok, QMessageBox::Ok});
+    return toInt(outcome.code);
+}
+
+int runHost(QApplication& app, bool headless)
+{
+    configureApplication(app);
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    const CommandLine commandLine = parseCommandLine(QApplication::arguments(), out, err);
+    if (commandLine.exitCode)
+        return *commandLine.exitCode;
+
+    if (const int refused = openOrRefuse(commandLine.databasePath, err, platformShowsWindows()))
+        return refused;
+    if (headless) {
+        err << kApplicationName << QStringLiteral(": 画面がありません (DISPLAY が設定されていません)。")
+            << Qt::endl;
+        closeHostDatabase(kHostConnection);
+        return toInt(ExitCode::NoDisplay);
+    }
+
+    RegisterHostObjects(makeHostObjects(kHostConnection));
+    int status = 0;
+    {
+        MainWindow window(kHostConnection, commandLine.databasePath, componentEntryCalls());
+        window.show();
+        status = QApplication::exec();
+    }
+    RegisterHostObjects(nullptr);
+    closeHostDatabase(kHostConnection);
+    return status;
+}
+
+} // namespace tolvinpt::host

@@ -1,0 +1,176 @@
+#include "host/host_database.h"
+
+#include "host/demo_data.h"
+#include "host/host_schema.h"
+#include "host/sql_script.h"
+
+#include <tolvinpt/error.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QUuid>
+
+namespace tolvinpt::host {
+namespace {
+
+constexpr int kSqliteNotADatabase = 26;
+// Another program (or a second host) may hold a write lock for a moment.
+const QString kBusyTimeout = QStringLiteral("QSQLITE_BUSY_TIMEOUT=5000");
+
+OpenOutcome refused(ExitCode code, const QString& what, const QString& path)
+{
+    return {code, QStringLiteral("%1\n%2").arg(what, QDir::toNativeSeparators(path))};
+}
+
+// A connection of its own for one look at the file; removed when it goes out of scope.
+class ScopedConnection
+{
+public:
+    ScopedConnection(const QString& path, const QString& options)
+        : m_name(QStringLiteral("tolvinpt-host-check-") + QUuid::createUuid().toString(QUuid::Id128))
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_name);
+        db.setDatabaseName(path);
+        db.setConnectOptions(options);
+    }
+    ~ScopedConnection()
+    {
+        QSqlDatabase::database(m_name, false).close();
+        QSqlDatabase::removeDatabase(m_name);
+    }
+    QSqlDatabase db() const { return QSqlDatabase::database(m_name, false); }
+
+private:
+    QString m_name;
+};
+
+int pragmaValue(const QSqlDatabase& db, const QString& pragma)
+{
+    QSqlQuery query = execQuery(db, QStringLiteral("PRAGMA ") + pragma);
+    return query.next() ? query.value(0).toInt() : 0;
+}
+
+bool holdsAllTables(const QSqlDatabase& db)
+{
+    const QStringList present = db.tables(QSql::Tables);
+    for (const QString& table : requiredTables())
+        if (!present.contains(table, Qt::CaseInsensitive))
+            return false;
+    return true;
+}
+
+// Looks at an existing file without writing to it.
+OpenOutcome inspect(const QString& path)
+{
+    ScopedConnection check(path, QStringLiteral("QSQLITE_OPEN_READONLY"));
+    QSqlDatabase db = check.db();
+    if (!db.open())
+        return refused(ExitCode::CannotOpen, QStringLiteral("データベースを開けません。"), path);
+    try {
+        if (pragmaValue(db, QStringLiteral("application_id")) != kApplicationId || !holdsAllTables(db))
+            return refused(ExitCode::ForeignDatabase,
+                           QStringLiteral("このファイルは tolvinpt-host のデータベースではありません。"),
+                           path);
+        if (pragmaValue(db, QStringLiteral("user_version")) > kSchemaVersion)
+            return refused(ExitCode::NewerDatabase,
+                           QStringLiteral("このデータベースは新しい版の tolvinpt-host で作られています。"),
+                           path);
+    } catch (const Error& e) {
+        if (e.number() == kSqliteNotADatabase)
+            return refused(ExitCode::NotADatabase,
+                           QStringLiteral("このファイルは SQLite のデータベースではありません。"), path);
+        return refused(ExitCode::CannotOpen, QStringLiteral("データベースを読めません: ") + e.description(),
+                       path);
+    }
+    return {};
+}
+
+Error lastError(const QSqlDatabase& db)
+{
+    return Error(db.lastError().text(), db.lastError().nativeErrorCode().toLong());
+}
+
+// Opens the connection; on success it stays registered under `connectionName`.
+bool openConnection(const QString& path, const QString& connectionName, const QString& options)
+{
+    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName);
+    db.setDatabaseName(path);
+    db.setConnectOptions(options);
+    return db.open();
+}
+
+void buildNew(const QString& connectionName)
+{
+    QSqlDatabase db = QSqlDatabase::database(connectionName, false);
+    if (!db.transaction())
+        throw lastError(db);
+    try {
+        createHostSchema(db);
+        fillDemoData(db);
+        if (!db.commit())
+            throw lastError(db);
+    } catch (...) {
+        db.rollback();
+        throw;
+    }
+}
+
+OpenOutcome create(const QString& path, const QString& connectionName)
+{
+    if (!openConnection(path, connectionName, kBusyTimeout)) {
+        closeHostDatabase(connectionName);
+        return refused(ExitCode::CannotOpen, QStringLiteral("データベースを作成できません。"), path);
+    }
+    try {
+        buildNew(connectionName);
+    } catch (const Error& e) {
+        closeHostDatabase(connectionName);
+        // The file is ours and unfinished: leave nothing half made behind.
+        QFile::remove(path);
+        QFile::remove(path + QStringLiteral("-journal"));
+        return refused(
+            ExitCode::CannotOpen,
+            QStringLiteral("データベースを作成できません: %1 (%2)").arg(e.description()).arg(e.number()),
+            path);
+    }
+    return {};
+}
+
+} // namespace
+
+OpenOutcome openHostDatabase(const QString& path, const QString& connectionName)
+{
+    const QFileInfo info(path);
+    if (!info.exists()) {
+        if (!info.dir().exists())
+            return refused(ExitCode::CannotOpen, QStringLiteral("データベースのフォルダがありません。"),
+                           path);
+        return create(path, connectionName);
+    }
+    if (!info.isFile())
+        return refused(ExitCode::CannotOpen, QStringLiteral("データベースのファイルではありません。"), path);
+    if (!info.isReadable())
+        return refused(ExitCode::CannotOpen, QStringLiteral("データベースを読む権限がありません。"), path);
+    if (OpenOutcome outcome = inspect(path); outcome.code != ExitCode::Ok)
+        return outcome;
+    if (!info.isWritable())
+        return refused(ExitCode::CannotOpen, QStringLiteral("データベースに書き込む権限がありません。"),
+                       path);
+
+    if (!openConnection(path, connectionName, kBusyTimeout)) {
+        closeHostDatabase(connectionName);
+        return refused(ExitCode::CannotOpen, QStringLiteral("データベースを開けません。"), path);
+    }
+    return {};
+}
+
+void closeHostDatabase(const QString& connectionName)
+{
+    QSqlDatabase::database(connectionName, false).close();
+    QSqlDatabase::removeDatabase(connectionName);
+}
+
+} // namespace tolvinpt::host

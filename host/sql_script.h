@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QString>
+#include <QVariant>
+
+#include <utility>
+#include <vector>
+
+namespace tolvinpt::host {
+
+// One column and its value for insertRow; a null QVariant writes Null.
+using ColumnValues = std::vector<std::pair<QString, QVariant>>;
+
+// Runs every statement of a SQL script (as found in the .sql resources) on the SQLite connection `db`.
+// Throws tolvinpt::Error with SQLite's message and error code on the first failing statement.
+void runScript(const QSqlDatabase& db, const QString& script);
+// Reads a text resource such as ":/tolvinpt-host/schema.sql"; throws tolvinpt::Error when it is missing.
+QString readResource(const QString& path);
+// INSERT INTO table (columns) VALUES (bound values) and returns the new row's id; throws
+// tolvinpt::Error on failure.
+qint64 insertRow(const QSqlDatabase& db, const QString& table, const ColumnValues& values);
+// Runs one statement with bound values and returns the executed query; throws tolvinpt::Error on failure.
+QSqlQuery execQuery(const QSqlDatabase& db, const QString& sql, const QVariantList& values = {});
+
+} // namespace tolvinpt::host

@@ -1,0 +1,116 @@
+#include "platform/sql_backend.h"
+
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QSqlRecord>
+
+#include <algorithm>
+
+namespace tolvinpt::db {
+
+namespace {
+
+// Statement texts differ only by the columns a caller names, so this is never reached in practice; it
+// bounds the cache for callers that build many texts.
+constexpr std::size_t MaxCachedStatements = 128;
+
+class QtSqlStatement final : public SqlStatement
+{
+public:
+    QtSqlStatement(const QSqlDatabase& connection, const QString& sql) : m_query(connection)
+    {
+        m_query.setForwardOnly(true);
+        if (!m_query.prepare(sql))
+            throw DatabaseError::fromSqlError(m_query.lastError());
+    }
+
+    void bind(int index, const QVariant& value) override { m_query.bindValue(index, value); }
+    void exec() override
+    {
+        if (!m_query.exec())
+            throw DatabaseError::fromSqlError(m_query.lastError());
+    }
+    bool next() override
+    {
+        if (m_query.next())
+            return true;
+        if (m_query.lastError().isValid())
+            throw DatabaseError::fromSqlError(m_query.lastError());
+        return false;
+    }
+    QVariant value(int column) const override { return m_query.value(column); }
+    int columnCount() const override { return m_query.record().count(); }
+    QString columnName(int column) const override { return m_query.record().fieldName(column); }
+    qint64 lastInsertId() const override { return m_query.lastInsertId().toLongLong(); }
+    qint64 rowsAffected() const override { return m_query.numRowsAffected(); }
+    void reset() override { m_query.finish(); }
+
+private:
+    QSqlQuery m_query;
+};
+
+class QtSqlBackend final : public SqlBackend
+{
+public:
+    explicit QtSqlBackend(const QSqlDatabase& connection) : m_connection(connection) {}
+    ~QtSqlBackend() override { clear(); }
+
+protected:
+    std::unique_ptr<SqlStatement> create(const QString& sql) override
+    {
+        return std::make_unique<QtSqlStatement>(m_connection, sql);
+    }
+
+private:
+    QSqlDatabase m_connection;
+};
+
+} // namespace
+
+SqlBackend::~SqlBackend() = default;
+
+SqlStatement* SqlBackend::acquire(const QString& sql)
+{
+    const auto found = m_cache.find(sql);
+    if (found != m_cache.end() && !found->second.inUse) {
+        found->second.inUse = true;
+        return found->second.statement.get();
+    }
+    auto statement = create(sql);
+    SqlStatement* result = statement.get();
+    if (found == m_cache.end() && m_cache.size() < MaxCachedStatements)
+        m_cache.emplace(sql, Cached{std::move(statement), true});
+    else
+        m_fresh.push_back(std::move(statement));
+    return result;
+}
+
+void SqlBackend::release(SqlStatement* statement)
+{
+    statement->reset();
+    const auto fresh = std::find_if(m_fresh.begin(), m_fresh.end(),
+                                    [statement](const auto& owned) { return owned.get() == statement; });
+    if (fresh != m_fresh.end()) {
+        m_fresh.erase(fresh);
+        return;
+    }
+    for (auto& [sql, cached] : m_cache) {
+        if (cached.statement.get() == statement) {
+            cached.inUse = false;
+            return;
+        }
+    }
+}
+
+void SqlBackend::clear()
+{
+    m_fresh.clear();
+    m_cache.clear();
+}
+
+std::unique_ptr<SqlBackend> makeQtSqlBackend(const QSqlDatabase& connection)
+{
+    return std::make_unique<QtSqlBackend>(connection);
+}
+
+} // namespace tolvinpt::db

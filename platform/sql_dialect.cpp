@@ -1,0 +1,67 @@
+#include "platform/sql_dialect.h"
+
+#include "platform/database.h"
+#include "platform/sql_backend.h"
+#include "platform/sqlite_backend.h"
+
+using namespace Qt::StringLiterals;
+
+namespace tolvinpt::db {
+
+namespace {
+
+class SqliteDialect final : public SqlDialect
+{
+public:
+    QString scriptFolder() const override { return u"sqlite"_s; }
+
+    // The order-key columns are declared COLLATE NOCASE, so their index serves this comparison too;
+    // naming the collation keeps the rule for tables a host created without it.
+    QString textEquals(const QString& column) const override { return column + u" = ? COLLATE NOCASE"_s; }
+    QString matchesLike(const QString& column) const override
+    {
+        return QString::fromLatin1(LikeFunctionName) + u"(?, "_s + column + u')';
+    }
+    QString isFalse(const QString& column) const override { return column + u" = 0"_s; }
+    QString insertDefaultRow(const QString& table, const QString&) const override
+    {
+        return u"INSERT INTO "_s + table + u" DEFAULT VALUES"_s;
+    }
+    bool insertReturnsKey() const override { return false; }
+
+    QVariant boolValue(bool value) const override { return QVariant(value ? 1 : 0); }
+    QVariant dateValue(const QDate& date) const override
+    {
+        return date.isValid() ? QVariant(date.toString(u"yyyy-MM-dd"_s)) : QVariant();
+    }
+    QVariant dateTimeValue(const QDateTime& dateTime) const override
+    {
+        return dateTime.isValid() ? QVariant(dateTime.toString(u"yyyy-MM-dd HH:mm:ss"_s)) : QVariant();
+    }
+    // Bound as text into TEXT columns: stored exactly as written.
+    QVariant decimalValue(const QString& text) const override { return QVariant(text); }
+    QVariant currencyValue(Currency value) const override { return QVariant(value.toString()); }
+
+    void prepareConnection(const QSqlDatabase& connection) const override
+    {
+        ensureLikeFunction(sqliteHandle(connection));
+    }
+    std::unique_ptr<SqlBackend> nativeBackend(const QSqlDatabase& connection) const override
+    {
+        return makeSqliteBackend(connection);
+    }
+};
+
+} // namespace
+
+SqlDialect::~SqlDialect() = default;
+
+const SqlDialect* SqlDialect::of(const QSqlDatabase& connection)
+{
+    static const SqliteDialect sqlite;
+    if (connection.driverName() == u"QSQLITE"_s)
+        return &sqlite;
+    return nullptr;
+}
+
+} // namespace tolvinpt::db

@@ -1,0 +1,69 @@
+#include "store/delivery_reads.h"
+
+#include "platform/database.h"
+#include "platform/sql_dialect.h"
+#include "platform/sql_values.h"
+#include "store/package_quantities.h"
+
+using namespace Qt::StringLiterals;
+
+namespace tolvinpt {
+
+namespace {
+
+// The columns are named rather than '*': their positions are then those of DeliveryColumn, and columns
+// that a host added to the table are not transferred.
+QString selectColumns()
+{
+    QString list;
+    for (const DeliveryColumnInfo& info : deliveryColumns())
+        list += (list.isEmpty() ? u""_s : u", "_s) + info.name;
+    return u"SELECT "_s + list + u" FROM T_Delivery"_s;
+}
+
+} // namespace
+
+std::optional<DeliveryRecord> readDeliveryRecord(db::Database& database, qint64 id)
+{
+    static const QString sql = selectColumns() + u" WHERE IDData = ?"_s;
+    db::Statement statement = database.prepare(sql);
+    statement.bind(0, id).exec();
+    if (!statement.next())
+        return std::nullopt;
+    DeliveryRecord record;
+    for (int i = 0; i < DeliveryColumnCount; ++i)
+        record.set(static_cast<DeliveryColumn>(i), statement.value(i));
+    return record;
+}
+
+PackageRows readPackageRows(db::Database& database, qint64 id)
+{
+    db::Statement statement =
+        database.prepare(u"SELECT Quantity FROM T_DeliveryQTY WHERE IDData = ? ORDER BY Sequence"_s);
+    statement.bind(0, id).exec();
+    PackageRows rows;
+    while (statement.next()) {
+        if (rows.quantities.size() == MaxPackages) {
+            rows.truncated = true;
+            break;
+        }
+        rows.quantities.push_back(db::readCurrency(statement.value(0)));
+    }
+    return rows;
+}
+
+std::optional<qint64> findLiveRecordByOrderKey(db::Database& database, qint64 customer,
+                                               const QString& orderNumber, const QString& deliveryKey)
+{
+    const db::SqlDialect& dialect = database.dialect();
+    const QString sql = u"SELECT IDData FROM T_Delivery WHERE IDCustomer = ? AND "_s
+                        + dialect.isFalse(u"InDustBox"_s) + u" AND "_s + dialect.textEquals(u"F00007"_s)
+                        + u" AND "_s + dialect.textEquals(u"F00159"_s);
+    db::Statement statement = database.prepare(sql);
+    statement.bind({customer, orderNumber, deliveryKey}).exec();
+    if (!statement.next())
+        return std::nullopt;
+    return db::readInteger(statement.value(0));
+}
+
+} // namespace tolvinpt

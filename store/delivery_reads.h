@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/currency.h"
+#include "store/delivery_record.h"
+
+#include <optional>
+#include <vector>
+
+namespace tolvinpt {
+
+namespace db {
+class Database;
+}
+
+// Reads of the delivery tables. Each throws DatabaseError when the engine fails.
+// Threading: UI thread only, like the connection.
+
+// The record with that IDData; nullopt when there is none.
+std::optional<DeliveryRecord> readDeliveryRecord(db::Database& database, qint64 id);
+
+// The per-package quantities of a record in Sequence order (the Sequence values themselves are not
+// consulted): at most MaxPackages, each nullopt where the stored quantity is Null or not a number.
+struct PackageRows
+{
+    std::vector<std::optional<Currency>> quantities;
+    // The record has more rows than a package list can hold; those past the last are ignored.
+    bool truncated = false;
+};
+PackageRows readPackageRows(db::Database& database, qint64 id);
+
+// IDData of the first live record (not in the waste box) of `customer` with this order number and delivery
+// key number, compared as the database compares text (letter case ignored, no trimming).
+std::optional<qint64> findLiveRecordByOrderKey(db::Database& database, qint64 customer,
+                                               const QString& orderNumber, const QString& deliveryKey);
+
+} // namespace tolvinpt

@@ -1,0 +1,84 @@
+#include "store/delivery_writes.h"
+
+#include "platform/database.h"
+#include "platform/sql_dialect.h"
+#include "platform/sql_values.h"
+
+using namespace Qt::StringLiterals;
+
+namespace tolvinpt {
+
+qint64 insertBlankDeliveryRecord(db::Database& database)
+{
+    return database.insertDefaultRow(u"T_Delivery"_s, u"IDData"_s);
+}
+
+qint64 insertDeliveryRecord(db::Database& database, const DeliveryRecord& record)
+{
+    QString names, placeholders;
+    QList<QVariant> values;
+    for (const DeliveryColumnInfo& info : deliveryColumns()) {
+        if (!record.has(info.column) || (info.column == DeliveryColumn::IDData && record.isNull(info.column)))
+            continue;
+        names += (names.isEmpty() ? u""_s : u", "_s) + info.name;
+        placeholders += values.isEmpty() ? u"?"_s : u", ?"_s;
+        values.append(storedValue(database.dialect(), info.column, record.value(info.column)));
+    }
+    if (values.isEmpty())
+        return insertBlankDeliveryRecord(database);
+    db::Statement statement =
+        database.prepare(u"INSERT INTO T_Delivery ("_s + names + u") VALUES ("_s + placeholders + u')');
+    for (int i = 0; i < values.size(); ++i)
+        statement.bind(i, values[i]);
+    statement.exec();
+    return statement.lastInsertId();
+}
+
+void deleteDeliveryRecord(db::Database& database, qint64 id)
+{
+    database.execute(u"DELETE FROM T_DeliveryQTY WHERE IDData = ?"_s, {id});
+    database.execute(u"DELETE FROM T_Delivery WHERE IDData = ?"_s, {id});
+}
+
+void insertPackageRows(db::Database& database, qint64 id, const QList<QVariant>& quantities)
+{
+    db::Statement statement =
+        database.prepare(u"INSERT INTO T_DeliveryQTY (IDData, Sequence, Quantity) VALUES (?, ?, ?)"_s);
+    for (int i = 0; i < quantities.size(); ++i)
+        statement.bind({id, i + 1, quantities[i]}).exec();
+}
+
+QVariant storedValue(const db::SqlDialect& dialect, DeliveryColumn column, const QVariant& value)
+{
+    if (value.isNull())
+        return QVariant();
+    const int type = value.typeId();
+    switch (columnInfo(column).type) {
+    case ColumnType::Date:
+        if (type == QMetaType::QDate)
+            return dialect.dateValue(value.toDate());
+        if (type == QMetaType::QDateTime)
+            return dialect.dateValue(value.toDateTime().date());
+        break;
+    case ColumnType::DateTime:
+        if (type == QMetaType::QDateTime)
+            return dialect.dateTimeValue(value.toDateTime());
+        if (type == QMetaType::QDate)
+            return dialect.dateTimeValue(value.toDate().startOfDay());
+        break;
+    case ColumnType::Boolean:
+        if (type == QMetaType::Bool)
+            return dialect.boolValue(value.toBool());
+        break;
+    case ColumnType::Decimal:
+    case ColumnType::Currency:
+        if (type == QMetaType::QString && db::isDecimalText(value.toString()))
+            return dialect.decimalValue(value.toString());
+        break;
+    default:
+        break;
+    }
+    return value;
+}
+
+} // namespace tolvinpt

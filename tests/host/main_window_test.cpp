@@ -1,0 +1,230 @@
+// The list window on a real demo database, driven through its widgets offscreen.
+#include "tests/host/host_fixture.h"
+#include "tests/support/scripted_messages.h"
+
+#include "host/delivery_list_model.h"
+#include "host/main_window.h"
+
+#include <tolvinpt/error.h>
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QTableView>
+#include <QTest>
+
+#include <functional>
+
+namespace tolvinpt::host::test {
+namespace {
+
+using tolvinpt::test::ScriptedMessages;
+
+// Stands in for the entry form: records each call and runs what the test gives it.
+struct RecordedCalls
+{
+    QList<QList<qint64>> inputs; // the ids of each InputData call
+    int newDataCalls = 0;
+    std::function<void()> during; // runs inside the call, as the operator's work would
+};
+
+class RecordingCalls final : public EntryCalls
+{
+public:
+    explicit RecordingCalls(RecordedCalls& record) : m_record(record) {}
+    void inputData(Items& items) override
+    {
+        QList<qint64> ids;
+        for (int i = 1; i <= items.Count(); ++i)
+            ids << items.Item(i).toLongLong();
+        m_record.inputs << ids;
+        if (m_record.during)
+            m_record.during();
+    }
+    void newData() override
+    {
+        ++m_record.newDataCalls;
+        if (m_record.during)
+            m_record.during();
+    }
+
+private:
+    RecordedCalls& m_record;
+};
+
+class MainWindowTest : public DemoDatabaseTest
+{
+protected:
+    void SetUp() override
+    {
+        DemoDatabaseTest::SetUp();
+        window = std::make_unique<MainWindow>(connection, path, std::make_unique<RecordingCalls>(calls));
+        window->show();
+        window->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        view = window->findChild<QTableView*>(QStringLiteral("deliveryList"));
+        ASSERT_TRUE(view);
+    }
+    void TearDown() override
+    {
+        window.reset();
+        DemoDatabaseTest::TearDown();
+    }
+
+    void exec(const QString& sql)
+    {
+        QSqlQuery query(QSqlDatabase::database(connection, false));
+        ASSERT_TRUE(query.exec(sql)) << sql.toStdString();
+    }
+    template <typename T> T* child(const char* name)
+    {
+        return window->findChild<T*>(QString::fromLatin1(name));
+    }
+    QVariant cell(int row, int role, int column = 0) const
+    {
+        return view->model()->index(row, column).data(role);
+    }
+    qint64 idAt(int row) const { return cell(row, DeliveryListModel::IdRole).toLongLong(); }
+    QPoint rowCentre(int row) const { return view->visualRect(view->model()->index(row, 1)).center(); }
+    void clickRow(int row, Qt::KeyboardModifiers modifiers = {})
+    {
+        view->scrollTo(view->model()->index(row, 1));
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, modifiers, rowCentre(row));
+    }
+    QList<qint64> selectedIds() const
+    {
+        QList<qint64> ids;
+        for (int row = 0; row < view->model()->rowCount(); ++row)
+            if (view->selectionModel()->isRowSelected(row, {}))
+                ids << idAt(row);
+        return ids;
+    }
+
+    RecordedCalls calls;
+    std::unique_ptr<MainWindow> window;
+    QTableView* view = nullptr;
+};
+
+TEST_F(MainWindowTest, WasteBoxIsHiddenUntilAskedFor)
+{
+    const qint64 live = count(QStringLiteral("SELECT COUNT(*) FROM T_Delivery WHERE InDustBox = 0"));
+    ASSERT_LT(live, 300);
+    EXPECT_EQ(view->model()->rowCount(), live);
+    for (int row = 0; row < view->model()->rowCount(); ++row)
+        ASSERT_FALSE(cell(row, DeliveryListModel::WasteBoxRole).toBool()) << idAt(row);
+
+    auto* showWasteBox = child<QCheckBox>("showWasteBox");
+    ASSERT_FALSE(showWasteBox->isChecked());
+    QTest::mouseClick(showWasteBox, Qt::LeftButton, {}, QPoint(4, showWasteBox->height() / 2));
+    EXPECT_EQ(view->model()->rowCount(), 300);
+}
+
+TEST_F(MainWindowTest, FiltersByCustomerAndKind)
+{
+    auto* customers = child<QComboBox>("customerFilter");
+    auto* kinds = child<QComboBox>("kindFilter");
+    const int deleted = customers->findData(6);
+    ASSERT_GT(deleted, 0);
+    customers->setCurrentIndex(deleted);
+    EXPECT_EQ(
+        view->model()->rowCount(),
+        count(QStringLiteral("SELECT COUNT(*) FROM T_Delivery WHERE IDCustomer = 6 AND InDustBox = 0")));
+    for (int row = 0; row < view->model()->rowCount(); ++row)
+        EXPECT_EQ(cell(row, DeliveryListModel::CustomerIdRole).toLongLong(), 6);
+
+    customers->setCurrentIndex(0);
+    kinds->setCurrentIndex(kinds->findText(QStringLiteral("手入力")));
+    EXPECT_EQ(
+        view->model()->rowCount(),
+        count(QStringLiteral("SELECT COUNT(*) FROM T_Delivery WHERE InDustBox = 0 AND (F00002 IS NULL OR "
+                             "F00002 NOT IN ('0502', '0703', '9999', '9990', '999G'))")));
+    kinds->setCurrentIndex(kinds->findText(QStringLiteral("注文情報 納入指示待ち")));
+    EXPECT_EQ(view->model()->rowCount(),
+              count(QStringLiteral("SELECT COUNT(*) FROM T_Delivery WHERE InDustBox = 0 "
+                                   "AND F00002 = '0502' AND F00030 = '2'")));
+}
+
+TEST_F(MainWindowTest, EnterOpensTheSelectedRecordsInListOrder)
+{
+    // Sort by order number, descending, with a click on the header.
+    QHeaderView* header = view->horizontalHeader();
+    const int x = header->sectionViewportPosition(DeliveryListModel::OrderNumber) + 10;
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, QPoint(x, header->height() / 2));
+    if (header->sortIndicatorOrder() != Qt::DescendingOrder)
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, QPoint(x, header->height() / 2));
+    ASSERT_EQ(header->sortIndicatorSection(), int(DeliveryListModel::OrderNumber));
+    ASSERT_GT(cell(0, Qt::DisplayRole, DeliveryListModel::OrderNumber).toString(),
+              cell(20, Qt::DisplayRole, DeliveryListModel::OrderNumber).toString());
+
+    // Selected bottom-up and out of order; the call gets them top to bottom.
+    clickRow(7);
+    clickRow(2, Qt::ControlModifier);
+    clickRow(5, Qt::ControlModifier);
+    QTest::keyClick(view, Qt::Key_Return);
+    ASSERT_EQ(calls.inputs.size(), 1);
+    EXPECT_EQ(calls.inputs[0], (QList<qint64>{idAt(2), idAt(5), idAt(7)}));
+    EXPECT_EQ(window->selectedItems().Count(), 3);
+
+    // A double click (press and release, then the double click) opens the one record under the mouse.
+    clickRow(4);
+    QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, rowCentre(4));
+    ASSERT_EQ(calls.inputs.size(), 2);
+    EXPECT_EQ(calls.inputs[1], QList<qint64>{idAt(4)});
+}
+
+TEST_F(MainWindowTest, ListIsReadAgainAfterTheCallKeepingTheSelection)
+{
+    clickRow(3);
+    clickRow(4, Qt::ShiftModifier);
+    const qint64 first = idAt(3);
+    const qint64 second = idAt(4);
+    // While the form is open the operator changes the first record and moves another to the waste box.
+    const qint64 discarded = idAt(10);
+    calls.during = [&] {
+        exec(QStringLiteral("UPDATE T_Delivery SET F00007 = 'X-CHANGED' WHERE IDData = %1").arg(first));
+        exec(QStringLiteral("UPDATE T_Delivery SET InDustBox = 1 WHERE IDData = %1").arg(discarded));
+    };
+    const int before = view->model()->rowCount();
+    window->findChild<QAction*>(QStringLiteral("openRecords"))->trigger();
+
+    EXPECT_EQ(view->model()->rowCount(), before - 1);
+    EXPECT_EQ(selectedIds(), (QList<qint64>{first, second}));
+    EXPECT_EQ(view->currentIndex().data(DeliveryListModel::IdRole).toLongLong(), second);
+    const int row = view->currentIndex().row() - 1;
+    EXPECT_EQ(cell(row, Qt::DisplayRole, DeliveryListModel::OrderNumber).toString(),
+              QStringLiteral("X-CHANGED"));
+}
+
+TEST_F(MainWindowTest, NewRecordIsListedAfterNewData)
+{
+    calls.during = [&] {
+        exec(QStringLiteral(
+            "INSERT INTO T_Delivery (IDCustomer, F00007, F00159) VALUES (3, 'NEW-1', 'NEW-1-01')"));
+    };
+    const int before = view->model()->rowCount();
+    QTest::keyClick(view, Qt::Key_N, Qt::ControlModifier);
+    EXPECT_EQ(calls.newDataCalls, 1);
+    ASSERT_EQ(view->model()->rowCount(), before + 1);
+    const int last = view->model()->rowCount() - 1; // sorted by ID
+    EXPECT_EQ(cell(last, Qt::DisplayRole, DeliveryListModel::Kind).toString(), QStringLiteral("手入力"));
+    EXPECT_EQ(cell(last, Qt::DisplayRole, DeliveryListModel::Currency).toString(), QStringLiteral("JPY"));
+}
+
+TEST_F(MainWindowTest, ErrorOutOfACallIsShownWithItsNumber)
+{
+    ScriptedMessages messages;
+    calls.during = [] { throw Error(QStringLiteral("database is locked"), 5); };
+    clickRow(0);
+    QTest::keyClick(view, Qt::Key_Enter);
+    window->findChild<QAction*>(QStringLiteral("newRecord"))->trigger();
+    ASSERT_EQ(messages.shown.size(), 2);
+    EXPECT_EQ(messages.shown[0].text, QStringLiteral("database is locked (5)"));
+    EXPECT_EQ(messages.shown[0].title, QStringLiteral("開く..."));
+    EXPECT_EQ(messages.shown[0].icon, QMessageBox::Warning);
+    EXPECT_EQ(messages.shown[1].title, QStringLiteral("新規入力..."));
+    EXPECT_TRUE(window->windowTitle().contains(path));
+}
+
+} // namespace
+} // namespace tolvinpt::host::test
