@@ -1,5 +1,6 @@
 // Change flags: what a text change or a click marks, and the click handling of the package mode
 // and the own-company choice.
+#include "forms/combo_items.h"
 #include "forms/frmData/catalogue.h"
 #include "forms/frmData/frmData.h"
 
@@ -67,7 +68,7 @@ void frmData::cobMyCodes_Click()
         return;
     bChanged = true;
     const QString item = control<QComboBox>(QStringLiteral("cobMyCodes"))->currentText();
-    control<QLineEdit>(QStringLiteral("txtMyCode"))->setText(item.mid(item.indexOf(u'\t') + 1));
+    control<QLineEdit>(QStringLiteral("txtMyCode"))->setText(ownCodeOf(item));
 }
 
 void frmData::selectPackageMode(int index)

@@ -1,4 +1,5 @@
 // Form load: own-company codes, fixed lists, order fields locked, blank record.
+#include "forms/combo_items.h"
 #include "forms/frmData/fixed_lists.h"
 #include "forms/frmData/frmData.h"
 #include "forms/keyed_toolbar.h"
@@ -9,15 +10,6 @@
 #include <QGroupBox>
 
 namespace tolvinpt {
-namespace {
-
-// Own-company item: the name, 200 blanks that push the code out of sight, a TAB and the code.
-QString ownCodeItem(const QString& name, const QString& code)
-{
-    return name + QString(200, u' ') + u'\t' + code;
-}
-
-} // namespace
 
 void frmData::Form_Load()
 {

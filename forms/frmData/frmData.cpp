@@ -25,6 +25,7 @@ frmData::frmData(const CompanySettings& company, QWidget* parent) : QDialog(pare
     m_leave = new ValidateOnLeave(this);
     connectChangeFlags();
     installFieldRules();
+    connectCommands();
     Form_Load();
 }
 

@@ -68,6 +68,12 @@ public:
     void TabStrip1_Click();
     void cobMyCodes_Click();
 
+signals:
+    // Record movement asked for by the operator (toolbar, menu, record list); the entry procedure moves.
+    void previousRecordRequested();
+    void nextRecordRequested();
+    void recordChosen(int position);
+
 protected:
     // The form has no cancel button: Escape closes nothing.
     void keyPressEvent(QKeyEvent* event) override;
@@ -79,6 +85,7 @@ private:
     void fillFixedLists();
     void connectChangeFlags();
     void installFieldRules();
+    void connectCommands();
     void optQuantity_Click(int index);
 
     const CompanySettings& m_company;
