@@ -10,7 +10,8 @@ namespace tolvinpt {
 
 namespace db {
 class Database;
-}
+class SqlDialect;
+} // namespace db
 
 // Reads of the delivery tables. Each throws DatabaseError when the engine fails.
 // Threading: UI thread only, like the connection.
@@ -32,5 +33,10 @@ PackageRows readPackageRows(db::Database& database, qint64 id);
 // key number, compared as the database compares text (letter case ignored, no trimming).
 std::optional<qint64> findLiveRecordByOrderKey(db::Database& database, qint64 customer,
                                                const QString& orderNumber, const QString& deliveryKey);
+
+// The statement texts of these reads, for query plans and benchmarks.
+QString deliveryRecordSql();
+QString packageRowsSql();
+QString orderKeySql(const db::SqlDialect& dialect);
 
 } // namespace tolvinpt
