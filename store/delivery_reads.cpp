@@ -46,9 +46,9 @@ std::optional<DeliveryRecord> readDeliveryRecord(db::Database& database, qint64 
     statement.bind(0, id).exec();
     if (!statement.next())
         return std::nullopt;
-    DeliveryRecord record;
+    std::optional<DeliveryRecord> record(std::in_place);
     for (int i = 0; i < DeliveryColumnCount; ++i)
-        record.set(static_cast<DeliveryColumn>(i), statement.value(i));
+        record->set(static_cast<DeliveryColumn>(i), statement.value(i));
     return record;
 }
 
