@@ -10,7 +10,8 @@ namespace {
 
 const QString kinds[] = {u"0502"_s, u"0703"_s, u"9999"_s, u"9990"_s, u"999G"_s, QString()};
 const QString itemNamesHalf[] = {u"ﾎﾞﾙﾄ M8X20"_s, u"ﾅｯﾄ M8"_s, u"ﾜｯｼｬｰ 8"_s, u"ﾌﾞﾗｹｯﾄ A"_s, u"ｶﾊﾞｰ ﾌﾛﾝﾄ"_s};
-const QString itemNamesFull[] = {u"ボルト"_s, u"ナット"_s, u"ワッシャー"_s, u"ブラケット"_s, u"フロントカバー"_s};
+const QString itemNamesFull[] = {u"ボルト"_s, u"ナット"_s, u"ワッシャー"_s, u"ブラケット"_s,
+                                 u"フロントカバー"_s};
 const QString places[] = {u"第一倉庫"_s, u"本社工場"_s, u"物流センター"_s};
 const QString currencies[] = {u"USD"_s, u"EUR"_s, u"CNY"_s};
 

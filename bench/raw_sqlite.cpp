@@ -111,7 +111,8 @@ void RawSqlite::insertAndDelete(const std::vector<RawValue>& values)
         else if (const auto* real = std::get_if<double>(&value))
             sqlite3_bind_double(m_insert, position, *real);
         else if (const auto* text = std::get_if<std::string>(&value))
-            sqlite3_bind_text(m_insert, position, text->data(), static_cast<int>(text->size()), SQLITE_TRANSIENT);
+            sqlite3_bind_text(m_insert, position, text->data(), static_cast<int>(text->size()),
+                              SQLITE_TRANSIENT);
         else
             sqlite3_bind_null(m_insert, position);
     }

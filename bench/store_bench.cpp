@@ -45,8 +45,7 @@ double median(std::vector<double> values)
 }
 
 // Microseconds per call of `operation` over `count` calls.
-template <typename Operation>
-double perCall(int count, Operation&& operation)
+template <typename Operation> double perCall(int count, Operation&& operation)
 {
     const auto start = std::chrono::steady_clock::now();
     for (int i = 0; i < count; ++i)
@@ -136,18 +135,21 @@ int benchmark(const QString& file)
     std::vector<RawValue> newValues;
     for (const DeliveryColumnInfo& info : deliveryColumns()) {
         if (newRecord.has(info.column))
-            newValues.push_back(rawValue(storedValue(ours.dialect(), info.column, newRecord.value(info.column))));
+            newValues.push_back(
+                rawValue(storedValue(ours.dialect(), info.column, newRecord.value(info.column))));
     }
 
-    bench::RawSqlite raw(file.toStdString(), {deliveryRecordSql().toStdString(),
-                                              orderKeySql(ours.dialect()).toStdString(),
-                                              deliveryInsertSql(newRecord).toStdString()});
+    bench::RawSqlite raw(file.toStdString(),
+                         {deliveryRecordSql().toStdString(), orderKeySql(ours.dialect()).toStdString(),
+                          deliveryInsertSql(newRecord).toStdString()});
     const int count = static_cast<int>(ids.size());
     std::size_t sink = 0;
 
     std::printf("%s: %lld records\n  %-34s %9s %9s %8s\n", qPrintable(file), static_cast<long long>(rows),
                 "operation (median per call)", "ours us", "raw us", "ours/raw");
-    const auto readOurs = [&](int i) { sink += readDeliveryRecord(ours, ids[i])->has(DeliveryColumn::F00007); };
+    const auto readOurs = [&](int i) {
+        sink += readDeliveryRecord(ours, ids[i])->has(DeliveryColumn::F00007);
+    };
     const auto readRaw = [&](int i) { sink += raw.readRecord(ids[i]); };
     const auto findOurs = [&](int i) {
         const OrderKey& k = keys[i];
@@ -168,14 +170,15 @@ int benchmark(const QString& file)
     const Batch rawRead = [&](const std::function<double()>& calls) { return raw.inTransaction(calls); };
     print("read by IDData, one transaction", compare(11, count, readOurs, readRaw, oursRead, rawRead));
     print("find by order key, one transaction", compare(11, count, findOurs, findRaw, oursRead, rawRead));
-    print("insert and delete a record",
-          compare(7, 20,
-                  [&](int) {
-                      db::Transaction transaction(ours);
-                      deleteDeliveryRecord(ours, insertDeliveryRecord(ours, newRecord));
-                      transaction.commit();
-                  },
-                  [&](int) { raw.insertAndDelete(newValues); }));
+    print("insert and delete a record", compare(
+                                            7, 20,
+                                            [&](int) {
+                                                db::Transaction transaction(ours);
+                                                deleteDeliveryRecord(ours,
+                                                                     insertDeliveryRecord(ours, newRecord));
+                                                transaction.commit();
+                                            },
+                                            [&](int) { raw.insertAndDelete(newValues); }));
     std::printf("  (checksum %zu)\n", sink);
     return 0;
 }

@@ -72,7 +72,8 @@ public:
             default: {
                 const QByteArray text = value.toString().toUtf8();
                 rc = sqlite3_bind_text64(m_statement, position, text.constData(),
-                                         static_cast<sqlite3_uint64>(text.size()), SQLITE_TRANSIENT, SQLITE_UTF8);
+                                         static_cast<sqlite3_uint64>(text.size()), SQLITE_TRANSIENT,
+                                         SQLITE_UTF8);
                 break;
             }
             }

@@ -35,8 +35,8 @@ QString packageRowsSql()
 
 QString orderKeySql(const db::SqlDialect& dialect)
 {
-    return u"SELECT IDData FROM T_Delivery WHERE IDCustomer = ? AND "_s + dialect.isFalse(u"InDustBox"_s)
-           + u" AND "_s + dialect.textEquals(u"F00007"_s) + u" AND "_s + dialect.textEquals(u"F00159"_s);
+    return u"SELECT IDData FROM T_Delivery WHERE IDCustomer = ? AND "_s + dialect.isFalse(u"InDustBox"_s) +
+           u" AND "_s + dialect.textEquals(u"F00007"_s) + u" AND "_s + dialect.textEquals(u"F00159"_s);
 }
 
 std::optional<DeliveryRecord> readDeliveryRecord(db::Database& database, qint64 id)
@@ -50,6 +50,12 @@ std::optional<DeliveryRecord> readDeliveryRecord(db::Database& database, qint64 
     for (int i = 0; i < DeliveryColumnCount; ++i)
         record->set(static_cast<DeliveryColumn>(i), statement.value(i));
     return record;
+}
+
+std::optional<QString> readDeliveryKey(db::Database& database, qint64 id)
+{
+    const auto key = database.scalar(u"SELECT F00159 FROM T_Delivery WHERE IDData = ?"_s, {id});
+    return key ? db::readText(*key) : std::nullopt;
 }
 
 PackageRows readPackageRows(db::Database& database, qint64 id)

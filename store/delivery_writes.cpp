@@ -40,7 +40,8 @@ QString deliveryInsertSql(const DeliveryRecord& record)
 qint64 insertDeliveryRecord(db::Database& database, const DeliveryRecord& record)
 {
     const auto& columns = deliveryColumns();
-    if (std::none_of(columns.begin(), columns.end(), [&](const auto& info) { return inserted(record, info.column); }))
+    if (std::none_of(columns.begin(), columns.end(),
+                     [&](const auto& info) { return inserted(record, info.column); }))
         return insertBlankDeliveryRecord(database);
     db::Statement statement = database.prepare(deliveryInsertSql(record));
     int index = 0;

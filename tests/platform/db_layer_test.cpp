@@ -18,7 +18,8 @@ class Layer : public testing::TestWithParam<Database::StatementPath>
 protected:
     Layer() : temp(test::TempDatabase::Schema::Empty, GetParam())
     {
-        db().execute(u"CREATE TABLE t (id INTEGER PRIMARY KEY AUTOINCREMENT, code TEXT UNIQUE, n INTEGER NOT NULL DEFAULT 0)"_s);
+        db().execute(
+            u"CREATE TABLE t (id INTEGER PRIMARY KEY AUTOINCREMENT, code TEXT UNIQUE, n INTEGER NOT NULL DEFAULT 0)"_s);
     }
     Database& db() { return temp.db(); }
     qint64 count() { return db().scalar(u"SELECT COUNT(*) FROM t"_s)->toLongLong(); }
@@ -69,10 +70,10 @@ TEST_P(Layer, ErrorsCarryTheEngineNumber)
         QString sql;
         long number;
     } cases[] = {
-        {u"INSERT INTO t (code) VALUES ('a')"_s, 2067},         // SQLITE_CONSTRAINT_UNIQUE
+        {u"INSERT INTO t (code) VALUES ('a')"_s, 2067},          // SQLITE_CONSTRAINT_UNIQUE
         {u"INSERT INTO t (code, n) VALUES ('b', NULL)"_s, 1299}, // SQLITE_CONSTRAINT_NOTNULL
-        {u"SELEC * FROM t"_s, 1},                         // syntax
-        {u"SELECT * FROM missing"_s, 1},                  // no such table
+        {u"SELEC * FROM t"_s, 1},                                // syntax
+        {u"SELECT * FROM missing"_s, 1},                         // no such table
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.sql.toStdString());
@@ -145,7 +146,8 @@ TEST_P(Layer, BooleansAndDatesThroughTheDialect)
     db().execute(u"INSERT INTO f VALUES (?, ?, ?)"_s,
                  {dialect.boolValue(false), dialect.dateValue(QDate(2005, 3, 7)),
                   dialect.dateTimeValue(QDateTime(QDate(2005, 3, 7), QTime(9, 5, 1)))});
-    db().execute(u"INSERT INTO f VALUES (-1, ?, ?)"_s, {dialect.dateValue(QDate()), dialect.dateTimeValue({})});
+    db().execute(u"INSERT INTO f VALUES (-1, ?, ?)"_s,
+                 {dialect.dateValue(QDate()), dialect.dateTimeValue({})});
     EXPECT_EQ(db().scalar(u"SELECT COUNT(*) FROM f WHERE "_s + dialect.isFalse(u"b"_s))->toInt(), 1);
     Statement statement = db().prepare(u"SELECT b, d, dt FROM f ORDER BY rowid"_s);
     statement.exec();
@@ -186,9 +188,9 @@ TEST(SqlScript, SplitsAtSemicolonsOutsideQuotesAndComments)
                            "CREATE TABLE \"b;c\" (y TEXT DEFAULT 'it''s');\n"
                            "  ;\n"
                            "SELECT 1"_s;
-    EXPECT_EQ(splitSqlScript(script), (QStringList{u"CREATE TABLE a (x TEXT DEFAULT 'p;q')"_s,
-                                                   u"CREATE TABLE \"b;c\" (y TEXT DEFAULT 'it''s')"_s,
-                                                   u"SELECT 1"_s}));
+    EXPECT_EQ(splitSqlScript(script),
+              (QStringList{u"CREATE TABLE a (x TEXT DEFAULT 'p;q')"_s,
+                           u"CREATE TABLE \"b;c\" (y TEXT DEFAULT 'it''s')"_s, u"SELECT 1"_s}));
 }
 
 TEST(Database, RefusesAConnectionThatIsNotOpen)

@@ -22,27 +22,55 @@ struct LikeCase
 
 const LikeCase likeCases[] = {
     // literals, letter case
-    {u"ABC", u"abc", Yes},          {u"abc", u"ABC", Yes},        {u"abc", u"abcd", No},
-    {u"abc", u"abc ", No},          {u"", u"", Yes},              {u"", u"a", No},
-    {u"ｱｲｳ", u"ｱｲｳ", Yes},         {u"Ａ", u"ａ", No}, // only ASCII letters fold
+    {u"ABC", u"abc", Yes},
+    {u"abc", u"ABC", Yes},
+    {u"abc", u"abcd", No},
+    {u"abc", u"abc ", No},
+    {u"", u"", Yes},
+    {u"", u"a", No},
+    {u"ｱｲｳ", u"ｱｲｳ", Yes},
+    {u"Ａ", u"ａ", No}, // only ASCII letters fold
     // * and ?
-    {u"A*", u"a", Yes},             {u"A*", u"A-1234", Yes},      {u"A*", u"BA", No},
-    {u"*1", u"A-1", Yes},           {u"*", u"", Yes},             {u"a**b", u"ab", Yes},
-    {u"a*b*c", u"axxbyyc", Yes},    {u"a*b*c", u"axxbyy", No},    {u"*ab", u"aab", Yes},
-    {u"?", u"", No},                {u"??", u"ab", Yes},          {u"a?c", u"a c", Yes},
+    {u"A*", u"a", Yes},
+    {u"A*", u"A-1234", Yes},
+    {u"A*", u"BA", No},
+    {u"*1", u"A-1", Yes},
+    {u"*", u"", Yes},
+    {u"a**b", u"ab", Yes},
+    {u"a*b*c", u"axxbyyc", Yes},
+    {u"a*b*c", u"axxbyy", No},
+    {u"*ab", u"aab", Yes},
+    {u"?", u"", No},
+    {u"??", u"ab", Yes},
+    {u"a?c", u"a c", Yes},
     {u"?", u"😀", Yes}, // one character, though two UTF-16 units
     // #
-    {u"#", u"7", Yes},              {u"#", u"a", No},             {u"A##", u"a12", Yes},
+    {u"#", u"7", Yes},
+    {u"#", u"a", No},
+    {u"A##", u"a12", Yes},
     {u"#", u"７", No},
     // sets and ranges
-    {u"[abc]", u"B", Yes},          {u"[abc]", u"d", No},         {u"[a-c]x", u"Bx", Yes},
-    {u"[A-C]", u"b", Yes},          {u"[!a-c]", u"d", Yes},       {u"[!a-c]", u"B", No},
-    {u"[0-9]#", u"42", Yes},        {u"[-a]", u"-", Yes},         {u"[a-]", u"-", Yes},
-    {u"[*]", u"*", Yes},            {u"[*]", u"a", No},           {u"[?]x", u"?x", Yes},
-    {u"[#]", u"#", Yes},            {u"[[]", u"[", Yes},          {u"a]", u"a]", Yes},
-    {u"a[]b", u"ab", Yes},          {u"[!]", u"x", Yes},
+    {u"[abc]", u"B", Yes},
+    {u"[abc]", u"d", No},
+    {u"[a-c]x", u"Bx", Yes},
+    {u"[A-C]", u"b", Yes},
+    {u"[!a-c]", u"d", Yes},
+    {u"[!a-c]", u"B", No},
+    {u"[0-9]#", u"42", Yes},
+    {u"[-a]", u"-", Yes},
+    {u"[a-]", u"-", Yes},
+    {u"[*]", u"*", Yes},
+    {u"[*]", u"a", No},
+    {u"[?]x", u"?x", Yes},
+    {u"[#]", u"#", Yes},
+    {u"[[]", u"[", Yes},
+    {u"a]", u"a]", Yes},
+    {u"a[]b", u"ab", Yes},
+    {u"[!]", u"x", Yes},
     // invalid patterns
-    {u"[abc", u"a", Invalid},       {u"[z-a]", u"b", Invalid},    {u"a[", u"a", Invalid},
+    {u"[abc", u"a", Invalid},
+    {u"[z-a]", u"b", Invalid},
+    {u"a[", u"a", Invalid},
 };
 
 TEST(LikePattern, MatchesTheTable)
@@ -92,8 +120,8 @@ TEST_P(OnDatabase, LikeSelectsTheSameRowsAsTheMatcher)
         QString pattern;
         QList<int> ids;
     } cases[] = {
-        {u"a*"_s, {1, 2}},      {u"?-100"_s, {1, 3}}, {u"[!a]-###"_s, {3}}, {u"*1*"_s, {1, 3, 4, 5}},
-        {u"ｶﾅ*"_s, {4}},        {u"a-1"_s, {}},       {u"*"_s, {1, 2, 3, 4, 5}}, // Null matches nothing
+        {u"a*"_s, {1, 2}}, {u"?-100"_s, {1, 3}}, {u"[!a]-###"_s, {3}},      {u"*1*"_s, {1, 3, 4, 5}},
+        {u"ｶﾅ*"_s, {4}},   {u"a-1"_s, {}},       {u"*"_s, {1, 2, 3, 4, 5}}, // Null matches nothing
     };
     const SqlDialect& dialect = temp.db().dialect();
     for (const auto& c : cases) {

@@ -44,8 +44,8 @@ TEST_P(Reads, PackagesComeInSequenceOrderWhateverTheirNumbers)
                           {id, sequence, quantity});
     insertPackageRows(temp.db(), id + 1, {u"99"_s}); // another record's package
     const PackageRows rows = readPackageRows(temp.db(), id);
-    const std::vector<std::optional<Currency>> expected{Currency::fromString(u"1.5"_s), Currency::fromInteger(2),
-                                                        Currency::fromInteger(3)};
+    const std::vector<std::optional<Currency>> expected{Currency::fromString(u"1.5"_s),
+                                                        Currency::fromInteger(2), Currency::fromInteger(3)};
     EXPECT_EQ(rows.quantities, expected);
     EXPECT_FALSE(rows.truncated);
 }
@@ -75,15 +75,22 @@ TEST_P(Reads, OrderKeyFindsLiveRecordsIgnoringLetterCase)
         QString order, key;
         std::optional<qint64> found;
     } cases[] = {
-        {7, u"ord-1"_s, u"Key-1"_s, live},       {7, u"ORD-1"_s, u"KEY-1"_s, live},
+        {7, u"ord-1"_s, u"Key-1"_s, live},          {7, u"ORD-1"_s, u"KEY-1"_s, live},
         {7, u"ORD-1 "_s, u"KEY-1"_s, std::nullopt}, {7, u"ORD-1"_s, u"KEY-*"_s, std::nullopt},
         {8, u"ORD-1"_s, u"KEY-1"_s, std::nullopt},  {7, u"ORD-2"_s, u"KEY-2"_s, std::nullopt}, // waste box
-        {8, u"ord-3"_s, u"key-3"_s, live + 2},   {7, u"ORD-1"_s, u"\"'"_s, std::nullopt},
+        {8, u"ord-3"_s, u"key-3"_s, live + 2},      {7, u"ORD-1"_s, u"\"'"_s, std::nullopt},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(QString(c.order + u'/' + c.key).toStdString());
         EXPECT_EQ(findLiveRecordByOrderKey(temp.db(), c.customer, c.order, c.key), c.found);
     }
+}
+
+TEST_P(Reads, DeliveryKeyForTheRecordList)
+{
+    const qint64 id = insert(1, u"A"_s, u"KEY-1"_s);
+    EXPECT_EQ(readDeliveryKey(temp.db(), id), u"KEY-1"_s);
+    EXPECT_FALSE(readDeliveryKey(temp.db(), id + 1));
 }
 
 TEST_P(Reads, DeletingARecordTakesItsPackagesAlong)

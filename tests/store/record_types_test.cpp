@@ -55,16 +55,24 @@ TEST(Taxation, StoredCodeOrFallBackByCurrency)
         std::optional<QString> f00059, f00281;
         int index;
     } cases[] = {
-        {t(u"1"), t(u"USD"), 0}, {t(u"2"), t(u""), 1},   {t(u"3"), null, 2},
-        {t(u"4"), t(u""), 3},    {t(u"9"), t(u""), 4},
+        {t(u"1"), t(u"USD"), 0},
+        {t(u"2"), t(u""), 1},
+        {t(u"3"), null, 2},
+        {t(u"4"), t(u""), 3},
+        {t(u"9"), t(u""), 4},
         // fall-backs: blank currency gives 1-課税, a currency or Null gives 2-非課税
-        {null, t(u"USD"), 1},    {null, t(u""), 0},      {null, t(u"   "), 0},
-        {null, null, 1},         {t(u"5"), t(u""), 0},   {t(u" 1"), t(u"EUR"), 1},
+        {null, t(u"USD"), 1},
+        {null, t(u""), 0},
+        {null, t(u"   "), 0},
+        {null, null, 1},
+        {t(u"5"), t(u""), 0},
+        {t(u" 1"), t(u"EUR"), 1},
         {t(u""), null, 1},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(taxationIndex(c.f00059, c.f00281), c.index)
-            << c.f00059.value_or(u"(Null)"_s).toStdString() << " / " << c.f00281.value_or(u"(Null)"_s).toStdString();
+            << c.f00059.value_or(u"(Null)"_s).toStdString() << " / "
+            << c.f00281.value_or(u"(Null)"_s).toStdString();
     }
     EXPECT_EQ(taxationCodeOfEntry(taxationTable()[4].listEntry.toString()), u"9"_s);
 }
@@ -93,14 +101,14 @@ TEST(PackageMode, AnythingButTwoOrThreeReadsAsSingle)
 TEST(DeliveryRecord, EachColumnConvertsOnItsOwn)
 {
     DeliveryRecord record;
-    record.set(C::F00031, u"2005-02-30"_s);      // not a date
+    record.set(C::F00031, u"2005-02-30"_s); // not a date
     record.set(C::F00039, u"2005-03-07"_s);
-    record.set(C::F00057, qint64(70000));        // out of 16 bits
-    record.set(C::QuantityType, u"x"_s);         // not a number
-    record.set(C::F00282, u"1.2.3"_s);           // not a decimal
-    record.set(C::F00013, 1500.0);               // a double where text was expected
+    record.set(C::F00057, qint64(70000)); // out of 16 bits
+    record.set(C::QuantityType, u"x"_s);  // not a number
+    record.set(C::F00282, u"1.2.3"_s);    // not a decimal
+    record.set(C::F00013, 1500.0);        // a double where text was expected
     record.set(C::F00015, u"1500"_s);
-    record.set(C::F00007, qint64(1234));          // a number in a text column
+    record.set(C::F00007, qint64(1234)); // a number in a text column
     record.setNull(C::F00159);
 
     EXPECT_FALSE(record.date(C::F00031));
@@ -131,6 +139,19 @@ TEST(PackageQuantities, LoadKeepsElementsOfBadRowsAndZeroesTheRest)
     EXPECT_EQ(quantities[2], Currency::fromInteger(5));
     EXPECT_EQ(packageCount(quantities), 3);
     EXPECT_TRUE(quantities[99].isZero());
+}
+
+TEST(PackageQuantities, RowsStopAtTheFirstZero)
+{
+    PackageQuantities quantities{};
+    quantities[0] = Currency::fromInteger(10);
+    quantities[2] = Currency::fromInteger(5);
+    EXPECT_EQ(packageRowsOf(4, quantities),
+              (std::vector<PackageQuantity>{{4, 1, Currency::fromInteger(10)}}));
+    quantities.fill(Currency::fromRaw(1));
+    const auto rows = packageRowsOf(4, quantities);
+    ASSERT_EQ(rows.size(), std::size_t(MaxPackages));
+    EXPECT_EQ(rows.back().sequence, MaxPackages);
 }
 
 } // namespace
