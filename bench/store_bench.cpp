@@ -1,5 +1,6 @@
 // Measures the store layer against the sqlite3 C API running the same statements, in the same run:
-//   tolvinpt-bench-store FILE...      (databases made by tolvinpt-bench-generate)
+//   tolvinpt-bench-store [--portable] FILE...   (databases made by tolvinpt-bench-generate)
+// --portable measures the QSqlQuery statement path instead of the native one.
 // For each file: read one record by IDData, find a record by its order key, insert and delete a record in
 // one transaction. Prints the median time per operation over several rounds and the ratio ours/raw.
 #include "bench/delivery_generator.h"
@@ -103,7 +104,7 @@ void print(const char* operation, const Result& r)
     std::printf("  %-34s %9.2f %9.2f %8.2f\n", operation, r.ours, r.raw, r.ours / r.raw);
 }
 
-int benchmark(const QString& file)
+int benchmark(const QString& file, db::Database::StatementPath path)
 {
     QSqlDatabase connection = QSqlDatabase::addDatabase(u"QSQLITE"_s, file);
     connection.setDatabaseName(file);
@@ -111,7 +112,7 @@ int benchmark(const QString& file)
         std::fprintf(stderr, "%s\n", qPrintable(connection.lastError().text()));
         return 1;
     }
-    db::Database ours(connection);
+    db::Database ours(connection, path);
     const qint64 rows = ours.scalar(u"SELECT COUNT(*) FROM T_Delivery"_s)->toLongLong();
     const qint64 maxId = ours.scalar(u"SELECT MAX(IDData) FROM T_Delivery"_s)->toLongLong();
 
@@ -188,15 +189,17 @@ int benchmark(const QString& file)
 int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
-    const QStringList files = app.arguments().mid(1);
+    QStringList files = app.arguments().mid(1);
+    const bool portable = files.removeAll(u"--portable"_s) > 0;
+    const auto path = portable ? db::Database::StatementPath::Portable : db::Database::StatementPath::Native;
     if (files.isEmpty()) {
-        std::fprintf(stderr, "usage: %s FILE...\n", argv[0]);
+        std::fprintf(stderr, "usage: %s [--portable] FILE...\n", argv[0]);
         return 2;
     }
     int status = 0;
     for (const QString& file : files) {
         try {
-            status |= benchmark(file);
+            status |= benchmark(file, path);
         } catch (const db::DatabaseError& e) {
             std::fprintf(stderr, "%s: %s\n", qPrintable(file), qPrintable(e.operatorText()));
             status = 1;
