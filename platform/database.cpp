@@ -26,7 +26,8 @@ QString DatabaseError::operatorText(Spacing spacing) const
     return m_description + open + QString::number(m_number) + u')';
 }
 
-Statement::Statement(SqlBackend& backend, SqlStatement* statement) : m_backend(&backend), m_statement(statement)
+Statement::Statement(SqlBackend& backend, SqlStatement* statement)
+    : m_backend(&backend), m_statement(statement)
 {
 }
 

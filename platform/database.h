@@ -18,8 +18,9 @@ class SqlBackend;
 class SqlDialect;
 class SqlStatement;
 
-// A failure reported by the database engine: its description and its native error number (for SQLite
-// the sqlite3 result code, e.g. 19 for a violated constraint, 1 for an SQL error).
+// A failure reported by the database engine: its description and its native error number. For SQLite
+// that is the extended result code, as Qt's driver reports it too: 2067 for a duplicate key, 1299 for a
+// missing required value, 1 for an SQL error. Failures of this layer itself carry the number 0.
 class DatabaseError : public std::runtime_error
 {
 public:

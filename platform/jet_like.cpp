@@ -102,8 +102,8 @@ bool LikePattern::matchesOne(const Token& token, char32_t c) const
         bool in = false;
         for (unsigned r = token.rangeBegin; r < token.rangeEnd && !in; ++r) {
             const Range& range = m_ranges[r];
-            in = (c >= range.first && c <= range.last) || (lower >= range.first && lower <= range.last)
-                 || (upper >= range.first && upper <= range.last);
+            in = (c >= range.first && c <= range.last) || (lower >= range.first && lower <= range.last) ||
+                 (upper >= range.first && upper <= range.last);
         }
         return in != token.negated;
     }

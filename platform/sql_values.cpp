@@ -3,7 +3,6 @@
 #include <QLocale>
 
 #include <cmath>
-#include <limits>
 
 using namespace Qt::StringLiterals;
 

@@ -32,7 +32,7 @@ public:
         if (rc != SQLITE_OK)
             throw engineError(m_handle, rc);
         if (!m_statement)
-            throw DatabaseError(u"Empty statement"_s, SQLITE_MISUSE);
+            throw DatabaseError(u"Empty statement"_s, 0);
     }
     ~SqliteStatement() override { sqlite3_finalize(m_statement); }
 
@@ -72,7 +72,8 @@ public:
             default: {
                 const QByteArray text = value.toString().toUtf8();
                 rc = sqlite3_bind_text64(m_statement, position, text.constData(),
-                                         static_cast<sqlite3_uint64>(text.size()), SQLITE_TRANSIENT, SQLITE_UTF8);
+                                         static_cast<sqlite3_uint64>(text.size()), SQLITE_TRANSIENT,
+                                         SQLITE_UTF8);
                 break;
             }
             }
@@ -233,10 +234,10 @@ sqlite3* sqliteHandle(const QSqlDatabase& connection)
 {
     const QVariant handle = connection.driver() ? connection.driver()->handle() : QVariant();
     if (!handle.isValid() || qstrcmp(handle.typeName(), "sqlite3*") != 0)
-        throw DatabaseError(u"Not an SQLite connection"_s, SQLITE_MISUSE);
+        throw DatabaseError(u"Not an SQLite connection"_s, 0);
     sqlite3* result = *static_cast<sqlite3* const*>(handle.constData());
     if (!result)
-        throw DatabaseError(u"The SQLite connection is not open"_s, SQLITE_MISUSE);
+        throw DatabaseError(u"The SQLite connection is not open"_s, 0);
     return result;
 }
 

@@ -23,23 +23,44 @@ QString selectColumns()
 
 } // namespace
 
+QString deliveryRecordSql()
+{
+    return selectColumns() + u" WHERE IDData = ?"_s;
+}
+
+QString packageRowsSql()
+{
+    return u"SELECT Quantity FROM T_DeliveryQTY WHERE IDData = ? ORDER BY Sequence"_s;
+}
+
+QString orderKeySql(const db::SqlDialect& dialect)
+{
+    return u"SELECT IDData FROM T_Delivery WHERE IDCustomer = ? AND "_s + dialect.isFalse(u"InDustBox"_s) +
+           u" AND "_s + dialect.textEquals(u"F00007"_s) + u" AND "_s + dialect.textEquals(u"F00159"_s);
+}
+
 std::optional<DeliveryRecord> readDeliveryRecord(db::Database& database, qint64 id)
 {
-    static const QString sql = selectColumns() + u" WHERE IDData = ?"_s;
+    static const QString sql = deliveryRecordSql();
     db::Statement statement = database.prepare(sql);
     statement.bind(0, id).exec();
     if (!statement.next())
         return std::nullopt;
-    DeliveryRecord record;
+    std::optional<DeliveryRecord> record(std::in_place);
     for (int i = 0; i < DeliveryColumnCount; ++i)
-        record.set(static_cast<DeliveryColumn>(i), statement.value(i));
+        record->set(static_cast<DeliveryColumn>(i), statement.value(i));
     return record;
+}
+
+std::optional<QString> readDeliveryKey(db::Database& database, qint64 id)
+{
+    const auto key = database.scalar(u"SELECT F00159 FROM T_Delivery WHERE IDData = ?"_s, {id});
+    return key ? db::readText(*key) : std::nullopt;
 }
 
 PackageRows readPackageRows(db::Database& database, qint64 id)
 {
-    db::Statement statement =
-        database.prepare(u"SELECT Quantity FROM T_DeliveryQTY WHERE IDData = ? ORDER BY Sequence"_s);
+    db::Statement statement = database.prepare(packageRowsSql());
     statement.bind(0, id).exec();
     PackageRows rows;
     while (statement.next()) {
@@ -55,11 +76,7 @@ PackageRows readPackageRows(db::Database& database, qint64 id)
 std::optional<qint64> findLiveRecordByOrderKey(db::Database& database, qint64 customer,
                                                const QString& orderNumber, const QString& deliveryKey)
 {
-    const db::SqlDialect& dialect = database.dialect();
-    const QString sql = u"SELECT IDData FROM T_Delivery WHERE IDCustomer = ? AND "_s
-                        + dialect.isFalse(u"InDustBox"_s) + u" AND "_s + dialect.textEquals(u"F00007"_s)
-                        + u" AND "_s + dialect.textEquals(u"F00159"_s);
-    db::Statement statement = database.prepare(sql);
+    db::Statement statement = database.prepare(orderKeySql(database.dialect()));
     statement.bind({customer, orderNumber, deliveryKey}).exec();
     if (!statement.next())
         return std::nullopt;

@@ -10,13 +10,18 @@ namespace tolvinpt {
 
 namespace db {
 class Database;
-}
+class SqlDialect;
+} // namespace db
 
 // Reads of the delivery tables. Each throws DatabaseError when the engine fails.
 // Threading: UI thread only, like the connection.
 
 // The record with that IDData; nullopt when there is none.
 std::optional<DeliveryRecord> readDeliveryRecord(db::Database& database, qint64 id);
+
+// The delivery key number (F00159) of a record, for the record list; nullopt when there is no such record
+// or its key is Null.
+std::optional<QString> readDeliveryKey(db::Database& database, qint64 id);
 
 // The per-package quantities of a record in Sequence order (the Sequence values themselves are not
 // consulted): at most MaxPackages, each nullopt where the stored quantity is Null or not a number.
@@ -32,5 +37,10 @@ PackageRows readPackageRows(db::Database& database, qint64 id);
 // key number, compared as the database compares text (letter case ignored, no trimming).
 std::optional<qint64> findLiveRecordByOrderKey(db::Database& database, qint64 customer,
                                                const QString& orderNumber, const QString& deliveryKey);
+
+// The statement texts of these reads, for query plans and benchmarks.
+QString deliveryRecordSql();
+QString packageRowsSql();
+QString orderKeySql(const db::SqlDialect& dialect);
 
 } // namespace tolvinpt

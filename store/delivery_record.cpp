@@ -10,6 +10,12 @@ void DeliveryRecord::set(DeliveryColumn column, const QVariant& value)
     m_present.set(index(column));
 }
 
+void DeliveryRecord::set(DeliveryColumn column, QVariant&& value)
+{
+    m_values[index(column)] = std::move(value);
+    m_present.set(index(column));
+}
+
 std::optional<QString> DeliveryRecord::text(DeliveryColumn column) const
 {
     return db::readText(present(column));

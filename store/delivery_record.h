@@ -23,6 +23,7 @@ class DeliveryRecord
 public:
     // A column's value: as read, or one of ours to write (QDate, QDateTime, bool, decimal text, numbers).
     void set(DeliveryColumn column, const QVariant& value);
+    void set(DeliveryColumn column, QVariant&& value);
     void setNull(DeliveryColumn column) { set(column, QVariant()); }
 
     bool has(DeliveryColumn column) const { return m_present.test(index(column)); }

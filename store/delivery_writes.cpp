@@ -4,6 +4,8 @@
 #include "platform/sql_dialect.h"
 #include "platform/sql_values.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace tolvinpt {
@@ -13,23 +15,40 @@ qint64 insertBlankDeliveryRecord(db::Database& database)
     return database.insertDefaultRow(u"T_Delivery"_s, u"IDData"_s);
 }
 
-qint64 insertDeliveryRecord(db::Database& database, const DeliveryRecord& record)
+namespace {
+
+// Columns written by an insert: those the record has, IDData only when it is not null.
+bool inserted(const DeliveryRecord& record, DeliveryColumn column)
+{
+    return record.has(column) && !(column == DeliveryColumn::IDData && record.isNull(column));
+}
+
+} // namespace
+
+QString deliveryInsertSql(const DeliveryRecord& record)
 {
     QString names, placeholders;
-    QList<QVariant> values;
     for (const DeliveryColumnInfo& info : deliveryColumns()) {
-        if (!record.has(info.column) || (info.column == DeliveryColumn::IDData && record.isNull(info.column)))
+        if (!inserted(record, info.column))
             continue;
         names += (names.isEmpty() ? u""_s : u", "_s) + info.name;
-        placeholders += values.isEmpty() ? u"?"_s : u", ?"_s;
-        values.append(storedValue(database.dialect(), info.column, record.value(info.column)));
+        placeholders += placeholders.isEmpty() ? u"?"_s : u", ?"_s;
     }
-    if (values.isEmpty())
+    return u"INSERT INTO T_Delivery ("_s + names + u") VALUES ("_s + placeholders + u')';
+}
+
+qint64 insertDeliveryRecord(db::Database& database, const DeliveryRecord& record)
+{
+    const auto& columns = deliveryColumns();
+    if (std::none_of(columns.begin(), columns.end(),
+                     [&](const auto& info) { return inserted(record, info.column); }))
         return insertBlankDeliveryRecord(database);
-    db::Statement statement =
-        database.prepare(u"INSERT INTO T_Delivery ("_s + names + u") VALUES ("_s + placeholders + u')');
-    for (int i = 0; i < values.size(); ++i)
-        statement.bind(i, values[i]);
+    db::Statement statement = database.prepare(deliveryInsertSql(record));
+    int index = 0;
+    for (const DeliveryColumnInfo& info : columns) {
+        if (inserted(record, info.column))
+            statement.bind(index++, storedValue(database.dialect(), info.column, record.value(info.column)));
+    }
     statement.exec();
     return statement.lastInsertId();
 }

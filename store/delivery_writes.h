@@ -23,6 +23,9 @@ qint64 insertBlankDeliveryRecord(db::Database& database);
 // its IDData. Values may be as read or ours (see storedValue).
 qint64 insertDeliveryRecord(db::Database& database, const DeliveryRecord& record);
 
+// The insert statement for the columns that `record` has, in catalogue order, one '?' each.
+QString deliveryInsertSql(const DeliveryRecord& record);
+
 // Deletes a record and its package rows.
 void deleteDeliveryRecord(db::Database& database, qint64 id);
 

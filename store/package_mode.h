@@ -13,7 +13,7 @@ enum class PackageMode { Single = 1, Equal = 2, Individual = 3 };
 struct PackageModeEntry
 {
     PackageMode mode;
-    int optionIndex;      // optQuantity(n)
+    int optionIndex; // optQuantity(n)
     QStringView caption;
 };
 const std::array<PackageModeEntry, 3>& packageModeTable();

@@ -8,7 +8,8 @@ PackageQuantities gPackageQty{};
 
 int packageCount(const PackageQuantities& quantities)
 {
-    const auto end = std::find_if(quantities.begin(), quantities.end(), [](Currency c) { return c.isZero(); });
+    const auto end =
+        std::find_if(quantities.begin(), quantities.end(), [](Currency c) { return c.isZero(); });
     return static_cast<int>(end - quantities.begin());
 }
 
@@ -20,6 +21,16 @@ void loadPackageQuantities(PackageQuantities& quantities, const std::vector<std:
             quantities[i] = *rows[i];
     }
     std::fill(quantities.begin() + static_cast<std::ptrdiff_t>(count), quantities.end(), Currency());
+}
+
+std::vector<PackageQuantity> packageRowsOf(qint64 id, const PackageQuantities& quantities)
+{
+    std::vector<PackageQuantity> rows;
+    const int count = packageCount(quantities);
+    rows.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i)
+        rows.push_back({id, i + 1, quantities[static_cast<std::size_t>(i)]});
+    return rows;
 }
 
 } // namespace tolvinpt

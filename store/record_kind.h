@@ -11,12 +11,19 @@ namespace tolvinpt {
 class DeliveryRecord;
 
 // The kind of a record, held in F00002; shown only as a caption.
-enum class RecordKind { OrderInfo, DeliveryInstruction, DeliveryInfo1D, DeliveryInfo2E, DeliveryInfo2G, ManualInput };
+enum class RecordKind {
+    OrderInfo,
+    DeliveryInstruction,
+    DeliveryInfo1D,
+    DeliveryInfo2E,
+    DeliveryInfo2G,
+    ManualInput
+};
 
 struct RecordKindEntry
 {
     RecordKind kind;
-    QStringView code;    // F00002 as exact text
+    QStringView code; // F00002 as exact text
     QStringView caption;
 };
 

@@ -1,0 +1,59 @@
+#pragma once
+
+// The benchmark's baseline: the same statements through the sqlite3 C API alone, on a connection of its own.
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace tolvinpt::bench {
+
+using RawValue = std::variant<std::monostate, std::int64_t, double, std::string>;
+
+struct RawStatements
+{
+    std::string readRecord;   // one '?': IDData
+    std::string findByKey;    // customer, order number, delivery key
+    std::string insertRecord; // one '?' per value
+};
+
+class RawSqlite
+{
+public:
+    RawSqlite(const std::string& file, const RawStatements& sql);
+    RawSqlite(const RawSqlite&) = delete;
+    RawSqlite& operator=(const RawSqlite&) = delete;
+    ~RawSqlite();
+
+    // Copies every column of the record out; the number of columns, 0 when there is no such record.
+    std::size_t readRecord(std::int64_t id);
+    std::optional<std::int64_t> findByOrderKey(std::int64_t customer, const std::string& order,
+                                               const std::string& key);
+    // Runs `calls` between BEGIN and COMMIT and returns what it returned.
+    double inTransaction(const std::function<double()>& calls);
+    // In one transaction: inserts a record with `values`, deletes its packages and itself.
+    void insertAndDelete(const std::vector<RawValue>& values);
+
+private:
+    sqlite3_stmt* prepare(const std::string& sql);
+    void run(sqlite3_stmt* statement);
+
+    sqlite3* m_db = nullptr;
+    std::vector<sqlite3_stmt*> m_statements;
+    sqlite3_stmt* m_read;
+    sqlite3_stmt* m_find;
+    sqlite3_stmt* m_insert;
+    sqlite3_stmt* m_deletePackages;
+    sqlite3_stmt* m_delete;
+    sqlite3_stmt* m_begin;
+    sqlite3_stmt* m_commit;
+    std::vector<RawValue> m_row;
+};
+
+} // namespace tolvinpt::bench

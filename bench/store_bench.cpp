@@ -1,0 +1,210 @@
+// Measures the store layer against the sqlite3 C API running the same statements, in the same run:
+//   tolvinpt-bench-store [--portable] FILE...   (databases made by tolvinpt-bench-generate)
+// --portable measures the QSqlQuery statement path instead of the native one.
+// For each file: read one record by IDData, find a record by its order key, insert and delete a record in
+// one transaction. Prints the median time per operation over several rounds and the ratio ours/raw.
+#include "bench/delivery_generator.h"
+#include "bench/raw_sqlite.h"
+#include "platform/database.h"
+#include "platform/sql_dialect.h"
+#include "platform/transaction.h"
+#include "store/delivery_reads.h"
+#include "store/delivery_writes.h"
+
+#include <QCoreApplication>
+#include <QSqlDatabase>
+#include <QSqlError>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <random>
+
+using namespace Qt::StringLiterals;
+using namespace tolvinpt;
+using tolvinpt::bench::RawValue;
+
+namespace {
+
+struct OrderKey
+{
+    qint64 customer;
+    QString order, key;
+    std::string orderUtf8, keyUtf8;
+};
+
+struct Result
+{
+    double ours, raw; // median microseconds per operation
+};
+
+double median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+// Microseconds per call of `operation` over `count` calls.
+template <typename Operation> double perCall(int count, Operation&& operation)
+{
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < count; ++i)
+        operation(i);
+    const std::chrono::duration<double, std::micro> elapsed = std::chrono::steady_clock::now() - start;
+    return elapsed.count() / count;
+}
+
+// Runs a batch of calls as it is, or inside one read transaction.
+using Batch = std::function<double(const std::function<double()>&)>;
+
+double asIs(const std::function<double()>& calls)
+{
+    return calls();
+}
+
+// Both sides once to warm the caches, then `rounds` rounds taking turns at going first.
+template <typename Ours, typename Raw>
+Result compare(int rounds, int count, Ours&& ours, Raw&& raw, const Batch& oursBatch = asIs,
+               const Batch& rawBatch = asIs)
+{
+    const auto runOurs = [&] { return oursBatch([&] { return perCall(count, ours); }); };
+    const auto runRaw = [&] { return rawBatch([&] { return perCall(count, raw); }); };
+    runOurs();
+    runRaw();
+    std::vector<double> oursTimes, rawTimes;
+    for (int round = 0; round < rounds; ++round) {
+        if (round % 2 == 0) {
+            oursTimes.push_back(runOurs());
+            rawTimes.push_back(runRaw());
+        } else {
+            rawTimes.push_back(runRaw());
+            oursTimes.push_back(runOurs());
+        }
+    }
+    return {median(oursTimes), median(rawTimes)};
+}
+
+RawValue rawValue(const QVariant& value)
+{
+    if (value.isNull())
+        return std::monostate();
+    switch (value.typeId()) {
+    case QMetaType::Double:
+        return value.toDouble();
+    case QMetaType::QString:
+        return value.toString().toStdString();
+    default:
+        return static_cast<std::int64_t>(value.toLongLong());
+    }
+}
+
+void print(const char* operation, const Result& r)
+{
+    std::printf("  %-34s %9.2f %9.2f %8.2f\n", operation, r.ours, r.raw, r.ours / r.raw);
+}
+
+int benchmark(const QString& file, db::Database::StatementPath path)
+{
+    QSqlDatabase connection = QSqlDatabase::addDatabase(u"QSQLITE"_s, file);
+    connection.setDatabaseName(file);
+    if (!connection.open()) {
+        std::fprintf(stderr, "%s\n", qPrintable(connection.lastError().text()));
+        return 1;
+    }
+    db::Database ours(connection, path);
+    const qint64 rows = ours.scalar(u"SELECT COUNT(*) FROM T_Delivery"_s)->toLongLong();
+    const qint64 maxId = ours.scalar(u"SELECT MAX(IDData) FROM T_Delivery"_s)->toLongLong();
+
+    // The same random records for every operation and both sides.
+    std::mt19937_64 random(7);
+    std::vector<qint64> ids;
+    std::vector<OrderKey> keys;
+    while (ids.size() < 2000) {
+        const qint64 id = std::uniform_int_distribution<qint64>(1, maxId)(random);
+        const auto record = readDeliveryRecord(ours, id);
+        if (!record || record->boolean(DeliveryColumn::InDustBox).value_or(true))
+            continue;
+        ids.push_back(id);
+        const QString order = record->text(DeliveryColumn::F00007).value_or(QString());
+        const QString key = record->text(DeliveryColumn::F00159).value_or(QString());
+        keys.push_back({*record->integer(DeliveryColumn::IDCustomer), order, key, order.toStdString(),
+                        key.toStdString()});
+    }
+    QList<QVariant> packages;
+    const DeliveryRecord newRecord = bench::DeliveryGenerator(99).next(packages);
+    std::vector<RawValue> newValues;
+    for (const DeliveryColumnInfo& info : deliveryColumns()) {
+        if (newRecord.has(info.column))
+            newValues.push_back(
+                rawValue(storedValue(ours.dialect(), info.column, newRecord.value(info.column))));
+    }
+
+    bench::RawSqlite raw(file.toStdString(),
+                         {deliveryRecordSql().toStdString(), orderKeySql(ours.dialect()).toStdString(),
+                          deliveryInsertSql(newRecord).toStdString()});
+    const int count = static_cast<int>(ids.size());
+    std::size_t sink = 0;
+
+    std::printf("%s: %lld records\n  %-34s %9s %9s %8s\n", qPrintable(file), static_cast<long long>(rows),
+                "operation (median per call)", "ours us", "raw us", "ours/raw");
+    const auto readOurs = [&](int i) {
+        sink += readDeliveryRecord(ours, ids[i])->has(DeliveryColumn::F00007);
+    };
+    const auto readRaw = [&](int i) { sink += raw.readRecord(ids[i]); };
+    const auto findOurs = [&](int i) {
+        const OrderKey& k = keys[i];
+        sink += findLiveRecordByOrderKey(ours, k.customer, k.order, k.key).value_or(0);
+    };
+    const auto findRaw = [&](int i) {
+        const OrderKey& k = keys[i];
+        sink += raw.findByOrderKey(k.customer, k.orderUtf8, k.keyUtf8).value_or(0);
+    };
+    // Each statement on its own, as the entry form runs them: every one takes and drops the file lock.
+    print("read one record by IDData", compare(11, count, readOurs, readRaw));
+    print("find a record by order key", compare(11, count, findOurs, findRaw));
+    // Inside one read transaction the locking drops out and the layers' own costs show.
+    const Batch oursRead = [&](const std::function<double()>& calls) {
+        db::Transaction transaction(ours);
+        return calls();
+    };
+    const Batch rawRead = [&](const std::function<double()>& calls) { return raw.inTransaction(calls); };
+    print("read by IDData, one transaction", compare(11, count, readOurs, readRaw, oursRead, rawRead));
+    print("find by order key, one transaction", compare(11, count, findOurs, findRaw, oursRead, rawRead));
+    print("insert and delete a record", compare(
+                                            7, 20,
+                                            [&](int) {
+                                                db::Transaction transaction(ours);
+                                                deleteDeliveryRecord(ours,
+                                                                     insertDeliveryRecord(ours, newRecord));
+                                                transaction.commit();
+                                            },
+                                            [&](int) { raw.insertAndDelete(newValues); }));
+    std::printf("  (checksum %zu)\n", sink);
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication app(argc, argv);
+    QStringList files = app.arguments().mid(1);
+    const bool portable = files.removeAll(u"--portable"_s) > 0;
+    const auto path = portable ? db::Database::StatementPath::Portable : db::Database::StatementPath::Native;
+    if (files.isEmpty()) {
+        std::fprintf(stderr, "usage: %s [--portable] FILE...\n", argv[0]);
+        return 2;
+    }
+    int status = 0;
+    for (const QString& file : files) {
+        try {
+            status |= benchmark(file, path);
+        } catch (const db::DatabaseError& e) {
+            std::fprintf(stderr, "%s: %s\n", qPrintable(file), qPrintable(e.operatorText()));
+            status = 1;
+        }
+        QSqlDatabase::removeDatabase(file);
+    }
+    return status;
+}
