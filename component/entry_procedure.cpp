@@ -32,10 +32,10 @@ void fillRecordList(frmData& form, db::Database& database)
     for (int position = 1; position <= gItems->Count(); ++position) {
         const QVariant element = gItems->Item(position);
         const qint32 id = recordIdOf(element);
-        const auto key = database.scalar(QStringLiteral("Select F00159 From T_Delivery Where IDData=?"), {id});
+        const auto key = readDeliveryKey(database, id);
         if (!key)
             throw Error(QStringLiteral("No current record."), 3021);
-        if (!form.recordList()->addEntry(element.toString(), key->toString()))
+        if (!form.recordList()->addEntry(element.toString(), *key))
             throw Error(QStringLiteral("Key is not unique in collection"), 35602);
     }
 }

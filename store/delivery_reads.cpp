@@ -55,7 +55,9 @@ std::optional<DeliveryRecord> readDeliveryRecord(db::Database& database, qint64 
 std::optional<QString> readDeliveryKey(db::Database& database, qint64 id)
 {
     const auto key = database.scalar(u"SELECT F00159 FROM T_Delivery WHERE IDData = ?"_s, {id});
-    return key ? db::readText(*key) : std::nullopt;
+    if (!key)
+        return std::nullopt;
+    return db::readText(*key).value_or(QString());
 }
 
 PackageRows readPackageRows(db::Database& database, qint64 id)

@@ -19,8 +19,8 @@ class SqlDialect;
 // The record with that IDData; nullopt when there is none.
 std::optional<DeliveryRecord> readDeliveryRecord(db::Database& database, qint64 id);
 
-// The delivery key number (F00159) of a record, for the record list; nullopt when there is no such record
-// or its key is Null.
+// The delivery key number (F00159) of a record, for the record list: empty text when it is Null,
+// nullopt when there is no such record.
 std::optional<QString> readDeliveryKey(db::Database& database, qint64 id);
 
 // The per-package quantities of a record in Sequence order (the Sequence values themselves are not

@@ -123,18 +123,6 @@ bool hidesPackageFrame(const CustomerList& customers, const DeliveryRecord& reco
     return customer->Settings().NoQuantityBreakdown() || customer->Settings().DisplayOptions().HideQuantityFrame();
 }
 
-void readPackages(db::Database& database, qint64 id)
-{
-    const PackageRows rows = readPackageRows(database, id);
-    std::size_t element = 0;
-    for (const auto& quantity : rows.quantities) {
-        if (quantity)
-            gPackageQty[element] = *quantity;
-        ++element;
-    }
-    std::fill(gPackageQty.begin() + static_cast<std::ptrdiff_t>(element), gPackageQty.end(), Currency());
-}
-
 void showPackages(frmData& form, db::Database& database, const CustomerList& customers,
                   const DeliveryRecord& record)
 {
@@ -156,7 +144,7 @@ void showPackages(frmData& form, db::Database& database, const CustomerList& cus
     }
     step([&] { fill(form, u"txtQuantity", currencyText(C::Quantity)); });
     if (mode == PackageMode::Individual)
-        step([&] { readPackages(database, *record.id()); });
+        step([&] { loadPackageQuantities(gPackageQty, readPackageRows(database, *record.id()).quantities); });
 }
 
 void showRecord(frmData& form, db::Database& database, const CustomerList& customers, const DeliveryRecord& record)
