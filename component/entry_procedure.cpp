@@ -66,33 +66,43 @@ void connectMovement(frmData& form, db::Database& database)
 
 } // namespace
 
-void OpenRecordList(Items& items)
+EntryCall::EntryCall(const QSqlDatabase& connection) : database(connection), form(*gCompany)
+{
+}
+
+std::unique_ptr<EntryCall> PrepareRecordList(Items& items)
 {
     if (items.Count() == 0)
-        return;
+        return nullptr;
     gItems = &items;
-    db::Database database(gDB);
-    frmData form(*gCompany);
-    fillRecordList(form, database);
+    auto call = std::make_unique<EntryCall>(gDB);
+    frmData& form = call->form;
+    fillRecordList(form, call->database);
     FillCustomerCombo(form);
     const bool several = gItems->Count() > 1;
     form.toolbar1()->setButtonEnabled(Forward, several);
     form.toolbar1()->setButtonEnabled(RecordList, several);
     gIndex = 1;
-    showElement(form, database, gIndex);
-    connectMovement(form, database);
-    form.exec();
+    showElement(form, call->database, gIndex);
+    connectMovement(form, call->database);
+    return call;
+}
+
+void OpenRecordList(Items& items)
+{
+    if (const auto call = PrepareRecordList(items))
+        call->form.exec();
 }
 
 void OpenNewRecord()
 {
-    frmData form(*gCompany);
-    FillCustomerCombo(form);
-    form.toolbar1()->setButtonEnabled(Forward, false);
-    form.toolbar1()->setButtonEnabled(RecordList, false);
+    EntryCall call(gDB);
+    FillCustomerCombo(call.form);
+    call.form.toolbar1()->setButtonEnabled(Forward, false);
+    call.form.toolbar1()->setButtonEnabled(RecordList, false);
     gIndex = 0;
-    form.gNewStart();
-    form.exec();
+    call.form.gNewStart();
+    call.form.exec();
 }
 
 void FillCustomerCombo(frmData& form)

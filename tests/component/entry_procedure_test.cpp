@@ -1,0 +1,198 @@
+// One entry call from the host's side: the form on the host's list, the record list, movement, errors.
+#include <tolvinpt/fmInput.h>
+
+#include "component/call_state.h"
+#include "forms/frmData/frmData.h"
+#include "forms/frmData/record_list_menu.h"
+#include "forms/keyed_toolbar.h"
+#include "store/delivery_writes.h"
+#include "tests/support/fake_host.h"
+#include "tests/support/scripted_messages.h"
+#include "tests/support/temp_database.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QToolButton>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
+using namespace tolvinpt;
+using C = tolvinpt::DeliveryColumn;
+
+namespace {
+
+class EntryCall : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        host.connectionName = temp.connectionName();
+        test::FakeCustomerData buyer;
+        buyer.id = 1;
+        buyer.code = u"1234"_s;
+        buyer.name = u"東京電機"_s;
+        buyer.subCodes = {u"01"_s, u"02"_s};
+        test::FakeCustomerData gone = buyer;
+        gone.id = 2;
+        gone.code = u"9999"_s;
+        gone.deleted = true;
+        host.customers = {buyer, gone};
+        test::registerFakeHost(host);
+        for (const char* key : {"K-1", "K-2", "K-3"})
+            ids.append(insert(QString::fromLatin1(key)));
+    }
+    void TearDown() override { RegisterHostObjects(nullptr); }
+
+    qint64 insert(const QString& key)
+    {
+        DeliveryRecord record;
+        record.set(C::IDCustomer, 1);
+        record.set(C::F00004, u"1234"_s);
+        record.set(C::F00159, key);
+        return insertDeliveryRecord(temp.db(), record);
+    }
+
+    // Runs `inside` on the modal form once it is shown, then closes it.
+    void whileShown(const std::function<void(frmData&)>& inside)
+    {
+        QTimer::singleShot(0, [inside] {
+            auto* form = qobject_cast<frmData*>(QApplication::activeModalWidget());
+            ASSERT_TRUE(form);
+            inside(*form);
+            form->close();
+        });
+    }
+
+    static QString buttons(const frmData& form)
+    {
+        QString state;
+        for (const char16_t* key : {u"戻る", u"進む", u"一覧選択"})
+            state += form.toolbar1()->button(QString::fromUtf16(key))->isEnabled() ? u'1' : u'0';
+        return state;
+    }
+    static QString shownKey(const frmData& form) { return form.control<QLineEdit>(u"txtPaymentKeyNo"_s)->text(); }
+
+    test::TempDatabase temp;
+    test::FakeHostData host;
+    test::ScriptedMessages messages;
+    QList<qint64> ids;
+};
+
+TEST_F(EntryCall, ButtonsFollowThePositionThroughTheList)
+{
+    struct Step
+    {
+        const char* what;
+        std::function<void(frmData&)> act;
+        const char* buttons; // 戻る 進む 一覧選択
+        const char* key;
+    };
+    const auto next = [](frmData& f) { f.toolbar1()->button(u"進む"_s)->click(); };
+    const auto back = [](frmData& f) { f.menuItem(u"mnuDataPrevious"_s)->trigger(); };
+    const auto choose = [](int n) { return [n](frmData& f) { emit f.recordList()->entryChosen(n); }; };
+    const Step steps[] = {
+        {"first", [](frmData&) {}, "011", "K-1"},
+        {"next", next, "111", "K-2"},
+        {"next again", next, "101", "K-3"},
+        {"next at the end changes nothing", [](frmData& f) { f.menuItem(u"mnuDataNext"_s)->trigger(); }, "101", "K-3"},
+        {"back", back, "111", "K-2"},
+        {"choose entry 1", choose(1), "011", "K-1"},
+        {"choose entry 3", choose(3), "101", "K-3"},
+    };
+    Items items{ids[0], QString(QString::number(ids[1]) + u"Key"_s), double(ids[2])};
+    whileShown([&](frmData& form) {
+        for (const Step& s : steps) {
+            SCOPED_TRACE(s.what);
+            s.act(form);
+            EXPECT_EQ(buttons(form), QString::fromLatin1(s.buttons));
+            EXPECT_EQ(shownKey(form), QString::fromLatin1(s.key));
+        }
+        EXPECT_EQ(form.recordList()->count(), 3);
+        EXPECT_EQ(form.recordList()->keyAt(2), QString::number(ids[1]) + u"Key"_s);
+        EXPECT_EQ(form.recordList()->textAt(3), u"K-3"_s);
+    });
+    fmInput input;
+    input.InputData(items);
+    EXPECT_EQ(gItems, &items);
+    EXPECT_TRUE(messages.shown.isEmpty());
+}
+
+TEST_F(EntryCall, OneRecordDisablesMovementButKeepsItsEntry)
+{
+    Items items{ids[1]};
+    whileShown([&](frmData& form) {
+        EXPECT_EQ(buttons(form), u"000"_s);
+        EXPECT_EQ(form.recordList()->count(), 1);
+        EXPECT_EQ(shownKey(form), u"K-2"_s);
+    });
+    fmInput input;
+    input.InputData(items);
+}
+
+TEST_F(EntryCall, StepBackFromTheFirstRecordIsReportedAndTheFormStays)
+{
+    Items items{ids[0], ids[1]};
+    whileShown([&](frmData& form) {
+        form.menuItem(u"mnuDataPrevious"_s)->trigger();
+        EXPECT_EQ(gIndex, 0);
+        ASSERT_EQ(messages.shown.size(), 1);
+        EXPECT_TRUE(messages.shown[0].text.endsWith(u"(9)"_s)) << messages.shown[0].text.toStdString();
+        EXPECT_TRUE(form.isVisible());
+    });
+    fmInput input;
+    input.InputData(items);
+}
+
+TEST_F(EntryCall, BadListsFailTheCallWithoutShowingTheForm)
+{
+    struct Bad
+    {
+        const char* what;
+        Items items;
+        long number;
+    };
+    const Bad cases[] = {
+        {"missing record", {ids[0], 999}, 3021},
+        {"element that is not a number", {u"abc"_s}, 3021},
+        {"same element twice", {ids[0], ids[0]}, 35602},
+        {"id beyond 32 bits", {u"99999999999"_s}, 6},
+    };
+    for (const Bad& c : cases) {
+        SCOPED_TRACE(c.what);
+        Items items = c.items;
+        fmInput input;
+        try {
+            input.InputData(items);
+            ADD_FAILURE() << "no error";
+        } catch (const Error& e) {
+            EXPECT_EQ(e.number(), c.number);
+        }
+        EXPECT_FALSE(QApplication::activeModalWidget());
+    }
+}
+
+TEST_F(EntryCall, NewDataOpensTheBlankNewRecordForm)
+{
+    whileShown([&](frmData& form) {
+        EXPECT_EQ(form.control<QLabel>(u"lblInfo"_s)->text(), u"[手入力]"_s);
+        EXPECT_TRUE(form.toolbar2()->isVisibleTo(&form));
+        EXPECT_FALSE(form.toolbar1()->button(u"進む"_s)->isEnabled());
+        EXPECT_EQ(gIndex, 0);
+        // The customer choice: the active customer and its sub-codes, code after the last ":".
+        auto* customers = form.control<QComboBox>(u"cobCustomer"_s);
+        ASSERT_EQ(customers->count(), 3);
+        EXPECT_EQ(customers->itemText(0), u"東京電機"_s + QString(100, u' ') + u":1234"_s);
+        EXPECT_TRUE(customers->itemText(2).endsWith(QString(100, u' ') + u":123402"_s));
+        EXPECT_EQ(customers->itemData(2).toLongLong(), 1);
+    });
+    fmInput input;
+    EXPECT_FALSE(input.NewData());
+}
+
+} // namespace
