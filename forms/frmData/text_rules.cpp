@@ -2,55 +2,56 @@
 
 #include "forms/frmData/frmData.h"
 #include "forms/text_checks.h"
+#include "platform/key_filter.h"
 #include "platform/validate_on_leave.h"
 
 #include <QLineEdit>
 
 namespace tolvinpt {
-namespace frmdata {
 namespace {
 
-using W = Width;
+enum class Width { Half, Full };
+
+struct TextRule
+{
+    QStringView field;
+    Width width;
+    // Applied to every typed character; null for none.
+    char32_t (*keyPress)(char32_t typed);
+};
 
 // clang-format off
 constexpr TextRule TextRules[] = {
-    {u"txtOrderNo",        W::Half, nullptr},
-    {u"txtPaymentKeyNo",   W::Half, nullptr},
-    {u"txtTantoA",         W::Half, nullptr},
-    {u"txtTantoK",         W::Full, nullptr},
-    {u"txtKensa",          W::Half, nullptr},
-    {u"txtPlaceC",         W::Half, nullptr},
-    {u"txtPlaceA",         W::Half, nullptr},
-    {u"txtPlaceK",         W::Full, nullptr},
-    {u"txtHCode",          W::Half, nullptr},
-    {u"txtMyHCode",        W::Half, nullptr},
-    {u"txtHinmeiA",        W::Half, nullptr},
-    {u"txtHinmeiK",        W::Full, nullptr},
-    {u"txtUnit",           W::Half, upperCase}, // typed letters become capitals
-    {u"txtMyRemarksA",     W::Half, nullptr},
-    {u"txtMyRemarksK",     W::Full, nullptr},
-    {u"txtMyBar",          W::Half, nullptr},
-    {u"txtCustomRemarksA", W::Half, nullptr},
-    {u"txtCustomRemarksK", W::Full, nullptr},
-    {u"txtCustomBar",      W::Half, nullptr},
+    {u"txtOrderNo",        Width::Half, nullptr},
+    {u"txtPaymentKeyNo",   Width::Half, nullptr},
+    {u"txtTantoA",         Width::Half, nullptr},
+    {u"txtTantoK",         Width::Full, nullptr},
+    {u"txtKensa",          Width::Half, nullptr},
+    {u"txtPlaceC",         Width::Half, nullptr},
+    {u"txtPlaceA",         Width::Half, nullptr},
+    {u"txtPlaceK",         Width::Full, nullptr},
+    {u"txtHCode",          Width::Half, nullptr},
+    {u"txtMyHCode",        Width::Half, nullptr},
+    {u"txtHinmeiA",        Width::Half, nullptr},
+    {u"txtHinmeiK",        Width::Full, nullptr},
+    {u"txtUnit",           Width::Half, upperCase}, // typed letters become capitals
+    {u"txtMyRemarksA",     Width::Half, nullptr},
+    {u"txtMyRemarksK",     Width::Full, nullptr},
+    {u"txtMyBar",          Width::Half, nullptr},
+    {u"txtCustomRemarksA", Width::Half, nullptr},
+    {u"txtCustomRemarksK", Width::Full, nullptr},
+    {u"txtCustomBar",      Width::Half, nullptr},
 };
 // clang-format on
 
 } // namespace
 
-std::span<const TextRule> textRules()
-{
-    return TextRules;
-}
-
-} // namespace frmdata
-
 void installTextRules(frmData& form)
 {
-    for (const auto& rule : frmdata::textRules()) {
+    for (const auto& rule : TextRules) {
         auto* box = form.control<QLineEdit>(rule.field.toString());
         Q_ASSERT(box);
-        const auto check = rule.width == frmdata::Width::Half ? CheckHalfWidth : CheckFullWidth;
+        const auto check = rule.width == Width::Half ? CheckHalfWidth : CheckFullWidth;
         form.leave().setValidate(box, [box, check](bool& cancel) { cancel = !check(box); });
         if (rule.keyPress)
             setKeyPress(box, rule.keyPress);
