@@ -36,6 +36,7 @@ bool check(QLineEdit* box, const WidthCheck& width)
     // through the conversion (a trailing ideographic blank in a half-width field) fails the check.
     if (cp932ByteLength(rightTrim(s)) == width.bytesPerCharacter * characterCount(s))
         return true;
+    // QMessageBox shows CR LF as one line break.
     showExclamation(width.onlyThese.toString() + u"\r\n最大文字数は "_s + QString::number(maxLengthOf(box)) +
                         u" 桁です"_s,
                     width.title.toString());

@@ -42,6 +42,9 @@ const WidthCase WidthCases[] = {
     {"ideographic blank between words", u"txtHinmeiA", I, u"ｱ　ｲ"_s, u"ｱ ｲ"_s, true},
     {"trailing ideographic blank", u"txtHinmeiA", T, u"ab　"_s, u"ab "_s, false},
     {"ideographic blank alone", u"txtHinmeiA", P, u"　"_s, u" "_s, false},
+    // Bytes of the trimmed text against characters of the untrimmed one: the blank's missing byte
+    // makes up for the kanji's second.
+    {"kanji before a trailing ideographic blank", u"txtHinmeiA", P, u"品　"_s, u"品 "_s, true},
     {"kanji", u"txtHinmeiA", I, u"品名"_s, u"品名"_s, false},
     {"hiragana; the katakana are narrowed all the same", u"txtHinmeiA", I, u"ひらガナ"_s, u"ひらｶﾞﾅ"_s, false},
     {"emoji: one substitute byte", u"txtHinmeiA", P, u"A😀"_s, u"A😀"_s, true},
@@ -93,7 +96,8 @@ TEST_F(TextFieldTest, WidthRules)
         EXPECT_EQ(box->hasFocus(), !c.accepted) << "a refused value keeps the focus";
         ASSERT_EQ(messages.shown.size(), c.accepted ? 0 : 1);
         if (!c.accepted)
-            expectMessage(messages.shown[0], widthMessage(*widthOf(specOf(c.field)), specOf(c.field).maxLength));
+            expectMessage(messages.shown[0],
+                          widthMessage(*widthOf(specOf(c.field)), specOf(c.field).maxLength));
         EXPECT_TRUE(form->bChanged);
         EXPECT_EQ(messages.beeps, 0);
         box->clear();
