@@ -12,8 +12,8 @@ class QLineEdit;
 namespace tolvinpt {
 
 // Sets the text of `box` to `text`, whole. While the text is longer than the box's own limit, the
-// operator can delete but not type beyond the length written; once the text fits again the limit is
-// back. Raises the box's change signals like QLineEdit::setText (nothing for an identical text).
+// operator can shorten it but not lengthen it; once it fits again the limit is back. Raises the box's
+// change signals like QLineEdit::setText (nothing for an identical text).
 void assignText(QLineEdit* box, const QString& text);
 
 // The box's own maximum length in characters, also while assignText has let a longer text in.
