@@ -1,6 +1,7 @@
 // Field rules: what each field does when it is entered, typed into and left.
 #include "forms/frmData/catalogue.h"
 #include "forms/frmData/frmData.h"
+#include "forms/frmData/text_rules.h"
 
 #include "platform/select_all.h"
 #include "platform/validate_on_leave.h"
@@ -18,6 +19,7 @@ void frmData::installFieldRules()
         auto* box = control<QLineEdit>(spec.name.toString());
         m_leave->setGotFocus(box, [box] { SelectAllText(box); });
     }
+    installTextRules(*this);
 }
 
 } // namespace tolvinpt
