@@ -1,5 +1,6 @@
 #include "forms/frmData/record_display.h"
 
+#include "forms/assign_text.h"
 #include "forms/combo_items.h"
 #include "forms/frmData/frmData.h"
 #include "platform/date.h"
@@ -74,7 +75,7 @@ std::optional<QString> plainNumber(const DeliveryRecord& record, DeliveryColumn 
 void fill(const frmData& form, QStringView field, const std::optional<QString>& text)
 {
     if (text)
-        box(form, field)->setText(*text);
+        assignText(box(form, field), *text); // whole, even past the field's limit
 }
 
 void fillTexts(const frmData& form, const DeliveryRecord& record, std::span<const FieldColumn> fields)

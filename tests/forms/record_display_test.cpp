@@ -115,6 +115,7 @@ TEST_F(Display, ShowsEachColumnAsTheOperatorSeesIt)
          {{u"txtQuantity"_s, u"8"_s}}},
         {"texts as stored", {{C::F00007, u"ORD-1"_s}, {C::F00262, u"ボルト"_s}, {C::F00161, u"BAR"_s}},
          {{u"txtOrderNo"_s, u"ORD-1"_s}, {u"txtHinmeiK"_s, u"ボルト"_s}, {u"txtCustomBar"_s, u"BAR"_s}}},
+        {"a stored text longer than its field shows whole", {{C::F00012, u"KGSX"_s}}, {{u"txtUnit"_s, u"KGSX"_s}}},
         {"buyer chosen by code", {{C::F00004, u"5678"_s}},
          {{u"cobCustomer"_s, u"得意先5678:5678"_s}, {u"txtCustomCode"_s, u"5678"_s}}},
         {"unreadable number and mode fall back",
