@@ -157,6 +157,13 @@ TEST_F(CurrencyTest, CodeWrittenIntoTheTextIsLookedUpUnlessNotSeek)
         EXPECT_EQ(name(), c.name);
         EXPECT_TRUE(form->bChanged);
     }
+    // A stored code outside the list shows "その他" while the combo still holds its last item:
+    // completing that same item names it again.
+    combo(u"cobCurrencyName"_s)->setCurrentIndex(11);
+    enter(u"cobCurrency"_s);
+    type(u"j"_s);
+    EXPECT_EQ(currency()->currentText(), u"JPY"_s);
+    EXPECT_EQ(name(), u"日本 円"_s);
 }
 
 TEST_F(RulesTest, ChoosingACustomerShowsItsCode)
