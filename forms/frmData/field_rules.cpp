@@ -1,6 +1,10 @@
 // Field rules: what each field does when it is entered, typed into and left.
 #include "forms/frmData/catalogue.h"
+#include "forms/frmData/company_rules.h"
+#include "forms/frmData/currency_rules.h"
+#include "forms/frmData/date_rules.h"
 #include "forms/frmData/frmData.h"
+#include "forms/frmData/number_rules.h"
 #include "forms/frmData/text_rules.h"
 
 #include "platform/select_all.h"
@@ -20,6 +24,10 @@ void frmData::installFieldRules()
         m_leave->setGotFocus(box, [box] { SelectAllText(box); });
     }
     installTextRules(*this);
+    frmdata::installNumberRules(*this);
+    frmdata::installDateRules(*this);
+    frmdata::installCurrencyRules(*this);
+    frmdata::installCompanyRules(*this);
 }
 
 } // namespace tolvinpt

@@ -34,6 +34,8 @@ public:
     bool bChangedQTY = false;
     // While true, code is writing a stored currency code and the currency combo does not look it up.
     bool NotSeek = false;
+    // The prefix length that cobCurrency_Change keeps for its own nested change; 0 between calls.
+    qint16 CurrencyPrefixLength = 0;
 
     // Enters new-record mode on a blank record without pending changes.
     void gNewStart();
@@ -67,6 +69,14 @@ public:
     // Click handling that other commands run as procedures.
     void TabStrip1_Click();
     void cobMyCodes_Click();
+
+    // Field handlers that other procedures run (forms/frmData/*_rules.cpp).
+    // Checks and reformats the unit price for the currency shown; `cancel` refuses a price too large.
+    void txtUnitPrice_Validate(bool& cancel);
+    void cobCurrency_Change();
+    void cobCurrency_Click();
+    void cobCustomer_Click();
+    void txtMyCode_Change();
 
 signals:
     // Record movement asked for by the operator (toolbar, menu, record list); the entry procedure moves.

@@ -28,7 +28,11 @@ protected:
         load();
         form->show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        openPackageFrame();
     }
+
+    // The blank record's delivery quantity 0 disables the package frame; a quantity opens it.
+    void openPackageFrame() const { text(u"txtAmountDelivery"_s)->setText(u"1"_s); }
 
     // What Tab should reach, in catalogue tab order: focusable controls that are not hidden or grey,
     // on the page that is shown, enabled and with a tab stop now; of the options only the selected one.
@@ -92,6 +96,7 @@ protected:
 TEST_F(TabOrderTest, NewRecordModeRunsDownTheLeftColumnThenTheRightThenThePages)
 {
     form->gNewStart();
+    openPackageFrame();
     const QStringList chain = expectedChain();
     // The order the operator sees, stated once in full for the supplier page.
     const QStringList designed = {
