@@ -1,6 +1,7 @@
 // Company choices: the customer's code from its combo item, the own-company combo from the code.
 #include "forms/frmData/company_rules.h"
 
+#include "forms/combo_items.h"
 #include "forms/frmData/frmData.h"
 #include "platform/event_guard.h"
 
@@ -34,7 +35,7 @@ namespace tolvinpt {
 void frmData::cobCustomer_Click()
 {
     const QString item = control<QComboBox>(u"cobCustomer"_s)->currentText();
-    control<QLineEdit>(u"txtCustomCode"_s)->setText(item.mid(item.lastIndexOf(u':') + 1));
+    control<QLineEdit>(u"txtCustomCode"_s)->setText(customerCodeOf(item));
 }
 
 // Selects the own-company item of the code shown, found by its registered name; an unknown code, or a

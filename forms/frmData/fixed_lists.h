@@ -1,7 +1,6 @@
 #pragma once
 
-// The fixed choice lists of the entry form. They are code tables of this form for now; when the store
-// grows code tables of its own, these lists move there.
+// The currency lists of the entry form. The tax classes are the store's taxation table.
 
 #include <QStringView>
 
@@ -20,10 +19,5 @@ constexpr std::array<QStringView, 12> CurrencyNames = {
     u"欧州通貨記号", u"中国 元", u"香港 ﾄﾞﾙ", u"ｼﾝｶﾞﾎﾟｰﾙ ﾄﾞﾙ", u"韓国 ｳｫﾝ", u"その他",
 };
 static_assert(CurrencyNames.size() == CurrencyCodes.size() + 1);
-
-// cobTaxation; the stored tax class is the digit before the hyphen.
-constexpr std::array<QStringView, 5> TaxationClasses = {
-    u"1-課税", u"2-非課税", u"3-免税", u"4-経過措置", u"9-消費税対象外",
-};
 
 } // namespace tolvinpt::frmdata

@@ -1,8 +1,10 @@
 // Form load: own-company codes, fixed lists, order fields locked, blank record.
 #include "forms/combo_items.h"
+#include "forms/frmData/company_rules.h"
 #include "forms/frmData/fixed_lists.h"
 #include "forms/frmData/frmData.h"
 #include "forms/keyed_toolbar.h"
+#include "store/taxation.h"
 
 #include <tolvinpt/host.h>
 
@@ -29,7 +31,7 @@ void frmData::fillOwnCodes()
 {
     const OwnCodeList& list = m_company.OwnCodeList();
     const int count = list.Count();
-    const bool listMode = m_company.MultipleOwnCodes() && m_company.OwnCode() == u"*" && count >= 1;
+    const bool listMode = frmdata::ownCodeListMode(m_company);
 
     auto* combo = control<QComboBox>(QStringLiteral("cobMyCodes"));
     if (!listMode)
@@ -54,8 +56,10 @@ void frmData::fillFixedLists()
     fill(QStringLiteral("cobCurrency"), frmdata::CurrencyCodes);
     control<QComboBox>(QStringLiteral("cobCurrency"))->setCurrentIndex(0);
     fill(QStringLiteral("cobCurrencyName"), frmdata::CurrencyNames);
-    fill(QStringLiteral("cobTaxation"), frmdata::TaxationClasses);
-    control<QComboBox>(QStringLiteral("cobTaxation"))->setCurrentIndex(0);
+    auto* taxation = control<QComboBox>(QStringLiteral("cobTaxation"));
+    for (const TaxationEntry& entry : taxationTable())
+        taxation->addItem(entry.listEntry.toString());
+    taxation->setCurrentIndex(0);
 }
 
 } // namespace tolvinpt
