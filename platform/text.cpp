@@ -139,4 +139,12 @@ QString rightTrim(const QString& text)
     return text.left(end);
 }
 
+QString trimBlanks(const QString& text)
+{
+    qsizetype start = 0;
+    while (start < text.size() && text[start] == u' ')
+        ++start;
+    return rightTrim(text.mid(start));
+}
+
 } // namespace tolvinpt

@@ -32,5 +32,7 @@ QString toUpperCase(const QString& text);
 // `text` without its trailing blanks (U+0020 only: a trailing ideographic blank U+3000 stays, so a
 // half-width field that ends in one fails its width check).
 QString rightTrim(const QString& text);
+// `text` without blanks (U+0020) on either side; ideographic blanks stay.
+QString trimBlanks(const QString& text);
 
 } // namespace tolvinpt

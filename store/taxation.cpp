@@ -1,5 +1,7 @@
 #include "store/taxation.h"
 
+#include "platform/text.h"
+
 namespace tolvinpt {
 
 namespace {
@@ -11,17 +13,6 @@ constexpr std::array<TaxationEntry, 5> table{{
     {u"4", u"4-経過措置"},
     {u"9", u"9-消費税対象外"},
 }};
-
-// Blanks (spaces) removed on both sides.
-QString trimBlanks(const QString& text)
-{
-    qsizetype begin = 0, end = text.size();
-    while (begin < end && text[begin] == u' ')
-        ++begin;
-    while (end > begin && text[end - 1] == u' ')
-        --end;
-    return text.mid(begin, end - begin);
-}
 
 } // namespace
 

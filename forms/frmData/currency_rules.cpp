@@ -30,15 +30,6 @@ QComboBox* currencyCombo(const frmData& form)
     return form.control<QComboBox>(u"cobCurrency"_s);
 }
 
-// Blanks (U+0020) on both sides removed; an ideographic blank is part of the code.
-QString trimBlanks(const QString& text)
-{
-    qsizetype start = 0;
-    while (start < text.size() && text[start] == u' ')
-        ++start;
-    return rightTrim(text.mid(start));
-}
-
 void cobCurrency_Validate(frmData& form, bool& cancel)
 {
     QComboBox* combo = currencyCombo(form);
