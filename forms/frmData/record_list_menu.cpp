@@ -25,11 +25,13 @@ RecordListMenu::RecordListMenu(QWidget* parent) : QMenu(parent)
 
 bool RecordListMenu::addEntry(const QString& key, const QString& text)
 {
-    if (indexOfKey(key) != 0)
+    const QString folded = key.toCaseFolded();
+    if (m_entries.contains(folded))
         return false;
     QAction* action = addAction(menuText(text));
     action->setData(key);
     action->setProperty(TextProperty, text);
+    m_entries.insert(folded, action);
     return true;
 }
 
@@ -58,17 +60,13 @@ QString RecordListMenu::textAt(int index) const
 
 int RecordListMenu::indexOfKey(const QString& key) const
 {
-    const auto list = actions();
-    for (int i = 0; i < list.size(); ++i) {
-        if (list.at(i)->data().toString().compare(key, Qt::CaseInsensitive) == 0)
-            return i + 1;
-    }
-    return 0;
+    QAction* action = m_entries.value(key.toCaseFolded());
+    return action ? static_cast<int>(actions().indexOf(action)) + 1 : 0;
 }
 
 bool RecordListMenu::setEntryText(const QString& key, const QString& text)
 {
-    QAction* action = entryAt(indexOfKey(key));
+    QAction* action = m_entries.value(key.toCaseFolded());
     if (!action)
         return false;
     action->setText(menuText(text));

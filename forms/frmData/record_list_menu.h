@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QMenu>
 
 namespace tolvinpt {
@@ -31,6 +32,9 @@ signals:
 
 private:
     QAction* entryAt(int index) const;
+
+    // Entries by case-folded key, so that a list of thousands is filled in linear time.
+    QHash<QString, QAction*> m_entries;
 };
 
 } // namespace tolvinpt

@@ -1,0 +1,47 @@
+#pragma once
+
+// The form benchmark's baseline: the reads behind a record display and a record list, through the
+// sqlite3 C API alone on a connection of its own.
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace tolvinpt::bench {
+
+class RawFormReads
+{
+public:
+    // `recordSql` and `packagesSql` take the IDData as their one '?'.
+    RawFormReads(const std::string& file, const std::string& recordSql, const std::string& packagesSql);
+    RawFormReads(const RawFormReads&) = delete;
+    RawFormReads& operator=(const RawFormReads&) = delete;
+    ~RawFormReads();
+
+    // Copies every column of the record and the quantities of its package rows out; the number of
+    // values copied, 0 when there is no such record.
+    std::size_t readRecordAndPackages(std::int64_t id);
+    // The delivery key number (F00159) of the record; nullopt when there is no such record.
+    std::optional<std::string> readDeliveryKey(std::int64_t id);
+
+private:
+    using Value = std::variant<std::monostate, std::int64_t, double, std::string>;
+
+    sqlite3_stmt* prepare(const std::string& sql);
+    // Appends the current row's columns to m_values.
+    void copyRow(sqlite3_stmt* statement);
+
+    sqlite3* m_db = nullptr;
+    std::vector<sqlite3_stmt*> m_statements;
+    sqlite3_stmt* m_record;
+    sqlite3_stmt* m_packages;
+    sqlite3_stmt* m_key;
+    std::vector<Value> m_values;
+};
+
+} // namespace tolvinpt::bench
