@@ -7,65 +7,33 @@
 namespace tolvinpt::test {
 namespace {
 
-TEST(SelectAllText, SelectsTheWholeText)
-{
-    const QString texts[] = {QString(), QStringLiteral("abc"), QStringLiteral("ｶﾞ全角 "),
-                             QStringLiteral("😀x")};
-    for (const QString& text : texts) {
-        SCOPED_TRACE(text.toStdString());
-        QLineEdit edit(text);
-        edit.setCursorPosition(1);
-        SelectAllText(&edit);
-        EXPECT_EQ(edit.selectionStart(), text.isEmpty() ? -1 : 0);
-        EXPECT_EQ(edit.selectedText(), text);
-    }
-}
-
 enum class Entry { Tab, Click, ClickThroughWindow };
-
-struct EntryCase
-{
-    const char* name;
-    Entry entry;
-    bool intoCombo;
-};
 
 // The form's GotFocus handlers select all: entering by keyboard or by a click leaves it selected.
 TEST(SelectAllText, EnteringAFieldSelectsAllOfIt)
 {
-    const EntryCase cases[] = {
-        {"tab", Entry::Tab, false},
-        {"click", Entry::Click, false},
-        {"window click", Entry::ClickThroughWindow, false},
-        {"tab into the combo", Entry::Tab, true},
-        {"click into the combo", Entry::Click, true},
-        {"window click into the combo", Entry::ClickThroughWindow, true},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
+    const std::pair<Entry, bool> cases[] = {
+        {Entry::Tab, false}, {Entry::Click, false}, {Entry::Click, true}, {Entry::ClickThroughWindow, true}};
+    for (const auto& [entry, intoCombo] : cases) {
+        SCOPED_TRACE(testing::Message() << "entry " << int(entry) << (intoCombo ? " into the combo" : ""));
         FieldForm form;
+        form.b->setText(QStringLiteral("ｶﾞ全角 😀"));
         form.leave->setGotFocus(form.b, [&] { SelectAllText(form.b); });
         form.leave->setGotFocus(form.combo, [&] { SelectAllText(form.combo); });
-        QWidget* field = c.intoCombo ? static_cast<QWidget*>(form.combo) : form.b;
-        QLineEdit* edit = c.intoCombo ? form.combo->lineEdit() : form.b;
-        (c.intoCombo ? form.b : form.a)->setFocus();
+        QLineEdit* edit = intoCombo ? form.combo->lineEdit() : form.b;
+        (intoCombo ? form.b : form.a)->setFocus();
         edit->setCursorPosition(2);
         edit->deselect();
 
-        switch (c.entry) {
-        case Entry::Tab:
+        if (entry == Entry::Tab)
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-            break;
-        case Entry::Click:
+        else if (entry == Entry::Click)
             QTest::mouseClick(edit, Qt::LeftButton);
-            break;
-        case Entry::ClickThroughWindow:
+        else
             form.clickThroughWindow(edit);
-            break;
-        }
         QTest::qWait(0);
 
-        EXPECT_EQ(QApplication::focusWidget(), field);
+        EXPECT_EQ(QApplication::focusWidget(), intoCombo ? static_cast<QWidget*>(form.combo) : form.b);
         EXPECT_EQ(edit->selectedText(), edit->text());
 
         // A click inside the field that already has the focus places the caret as usual.
@@ -73,6 +41,9 @@ TEST(SelectAllText, EnteringAFieldSelectsAllOfIt)
         QTest::qWait(0);
         EXPECT_FALSE(edit->hasSelectedText());
     }
+    QLineEdit empty;
+    SelectAllText(&empty);
+    EXPECT_FALSE(empty.hasSelectedText());
 }
 
 } // namespace
