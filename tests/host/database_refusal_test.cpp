@@ -97,6 +97,11 @@ const Refusal kRefusals[] = {
      ExitCode::NewerDatabase, u"このデータベースは新しい版の tolvinpt-host で作られています"},
 };
 
+void PrintTo(const Refusal& refusal, std::ostream* os)
+{
+    *os << refusal.name;
+}
+
 class DatabaseRefusal : public ::testing::TestWithParam<Refusal>
 {
 };
