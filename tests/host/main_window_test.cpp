@@ -64,10 +64,6 @@ protected:
         DemoDatabaseTest::TearDown();
     }
 
-    template <typename T> T* child(const char* name)
-    {
-        return window->findChild<T*>(QString::fromLatin1(name));
-    }
     QVariant cell(int row, int role, int column = 0) const
     {
         return view->model()->index(row, column).data(role);
@@ -92,13 +88,13 @@ TEST_F(MainWindowTest, FiltersHideTheWasteBoxAndSelectByCustomerAndKind)
     EXPECT_EQ(view->model()->rowCount(), count(live));
     for (int row = 0; row < view->model()->rowCount(); ++row)
         ASSERT_FALSE(cell(row, DeliveryListModel::WasteBoxRole).toBool()) << idAt(row);
-    auto* showWasteBox = child<QCheckBox>("showWasteBox");
+    auto* showWasteBox = window->findChild<QCheckBox*>(QStringLiteral("showWasteBox"));
     QTest::mouseClick(showWasteBox, Qt::LeftButton, {}, QPoint(4, showWasteBox->height() / 2));
     EXPECT_EQ(view->model()->rowCount(), 300);
     showWasteBox->setChecked(false);
 
-    auto* customers = child<QComboBox>("customerFilter");
-    auto* kinds = child<QComboBox>("kindFilter");
+    auto* customers = window->findChild<QComboBox*>(QStringLiteral("customerFilter"));
+    auto* kinds = window->findChild<QComboBox*>(QStringLiteral("kindFilter"));
     customers->setCurrentIndex(customers->findData(6)); // a deleted customer
     EXPECT_EQ(view->model()->rowCount(), count(live + QStringLiteral(" AND IDCustomer = 6")));
     customers->setCurrentIndex(0);
@@ -156,11 +152,10 @@ TEST_F(MainWindowTest, ListIsReadAgainAfterEachCallKeepingTheSelection)
     window->findChild<QAction*>(QStringLiteral("openRecords"))->trigger();
 
     EXPECT_EQ(view->model()->rowCount(), before - 1);
-    const QModelIndexList selected = view->selectionModel()->selectedRows();
-    EXPECT_EQ(selected.size(), 2);
-    for (const QModelIndex& index : selected)
-        EXPECT_TRUE(
-            QList<qint64>({first, second}).contains(index.data(DeliveryListModel::IdRole).toLongLong()));
+    const Items selected = window->selectedItems();
+    ASSERT_EQ(selected.Count(), 2);
+    EXPECT_EQ(QList<qint64>({selected.Item(1).toLongLong(), selected.Item(2).toLongLong()}),
+              (QList<qint64>{first, second}));
     EXPECT_EQ(view->currentIndex().data(DeliveryListModel::IdRole).toLongLong(), second);
     const int row = view->currentIndex().row() - 1;
     EXPECT_EQ(cell(row, Qt::DisplayRole, DeliveryListModel::OrderNumber).toString(),
