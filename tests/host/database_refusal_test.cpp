@@ -11,8 +11,6 @@
 #include <QProcess>
 #include <QTextStream>
 
-#include <functional>
-
 #include <unistd.h>
 
 namespace tolvinpt::host::test {
@@ -20,83 +18,81 @@ namespace {
 
 using tolvinpt::test::ScriptedMessages;
 
-// Writes a SQLite file through its own connection.
-void makeSqliteFile(const QString& path, const QStringList& statements)
+// Writes a SQLite file through its own connection; with `ours`, a host database changed by `statements`.
+void makeSqliteFile(const QString& path, const QStringList& statements, bool ours = false)
 {
     const QString name = QStringLiteral("host-test-maker");
+    if (ours) {
+        ASSERT_EQ(openHostDatabase(path, name).code, ExitCode::Ok);
+        closeHostDatabase(name);
+    }
     {
         QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
         db.setDatabaseName(path);
         ASSERT_TRUE(db.open());
         for (const QString& sql : statements)
             ASSERT_TRUE(QSqlQuery(db).exec(sql)) << sql.toStdString();
-        db.close();
     }
     QSqlDatabase::removeDatabase(name);
 }
 
-void writeFile(const QString& path, const QByteArray& bytes)
+// Runs the real program with `arguments`; its exit code and standard error.
+std::pair<int, QString> runHost(const QStringList& arguments, const QProcessEnvironment& env = {})
 {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
+    QProcess program;
+    if (!env.isEmpty())
+        program.setProcessEnvironment(env);
+    program.start(QStringLiteral(TOLVINPT_HOST_PROGRAM), arguments);
+    EXPECT_TRUE(program.waitForFinished(60000));
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+    return {program.exitCode(), QString::fromUtf8(program.readAllStandardError())};
 }
 
-// A host database made by the program, then changed by `statements`.
-void makeHostFile(const QString& path, const QStringList& statements)
+// Everything under `dir`, with the bytes of each file.
+QMap<QString, QByteArray> snapshot(const QString& dir)
 {
-    const QString name = QStringLiteral("host-test-original");
-    ASSERT_EQ(openHostDatabase(path, name).code, ExitCode::Ok);
-    closeHostDatabase(name);
-    makeSqliteFile(path, statements);
+    QMap<QString, QByteArray> files;
+    for (const QFileInfo& info : QDir(dir).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot))
+        files.insert(info.fileName(), info.isFile() ? fileHash(info.filePath()) : QByteArray("<dir>"));
+    return files;
 }
 
 struct Refusal
 {
     const char* name;
-    std::function<QString(const QTemporaryDir&)> prepare; // returns the path to open
+    const char* file;                     // in a fresh folder
+    void (*prepare)(const QString& path); // makes what is found at `path`
     ExitCode expected;
     const char16_t* messageStart;
 };
 
 const Refusal kRefusals[] = {
-    {"MissingFolder",
-     [](const QTemporaryDir& dir) { return dir.filePath(QStringLiteral("absent/demo.sqlite")); },
-     ExitCode::CannotOpen, u"データベースのフォルダがありません"},
-    {"FolderInsteadOfFile",
-     [](const QTemporaryDir& dir) {
-         QDir(dir.path()).mkdir(QStringLiteral("folder.sqlite"));
-         return dir.filePath(QStringLiteral("folder.sqlite"));
-     },
+    {"MissingFolder", "absent/demo.sqlite", [](const QString&) {}, ExitCode::CannotOpen,
+     u"データベースのフォルダがありません"},
+    {"FolderInsteadOfFile", "demo.sqlite", [](const QString& path) { QDir().mkdir(path); },
      ExitCode::CannotOpen, u"データベースのファイルではありません"},
-    {"NotSqlite",
-     [](const QTemporaryDir& dir) {
-         const QString path = dir.filePath(QStringLiteral("notes.sqlite"));
-         writeFile(path, QByteArray("納品メモ: これはデータベースではありません\n").repeated(200));
-         return path;
+    {"NotSqlite", "demo.sqlite",
+     [](const QString& path) {
+         QFile file(path);
+         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+         file.write(QByteArray("納品メモ: これはデータベースではありません\n").repeated(200));
      },
      ExitCode::NotADatabase, u"このファイルは SQLite のデータベースではありません"},
-    {"ForeignSqlite",
-     [](const QTemporaryDir& dir) {
-         const QString path = dir.filePath(QStringLiteral("other.sqlite"));
+    {"ForeignSqlite", "demo.sqlite",
+     [](const QString& path) {
          makeSqliteFile(path, {QStringLiteral("PRAGMA application_id = 1234"),
                                QStringLiteral("CREATE TABLE T_Delivery (IDData INTEGER PRIMARY KEY)"),
                                QStringLiteral("INSERT INTO T_Delivery VALUES (7)")});
-         return path;
      },
      ExitCode::ForeignDatabase, u"このファイルは tolvinpt-host のデータベースではありません"},
-    {"OursWithATableMissing",
-     [](const QTemporaryDir& dir) {
-         const QString path = dir.filePath(QStringLiteral("damaged.sqlite"));
-         makeHostFile(path, {QStringLiteral("DROP TABLE T_CustomerSettings")});
-         return path;
+    {"OursWithATableMissing", "demo.sqlite",
+     [](const QString& path) {
+         makeSqliteFile(path, {QStringLiteral("DROP TABLE T_CustomerSettings")}, true);
      },
      ExitCode::ForeignDatabase, u"このファイルは tolvinpt-host のデータベースではありません"},
-    {"FromANewerHost",
-     [](const QTemporaryDir& dir) {
-         const QString path = dir.filePath(QStringLiteral("newer.sqlite"));
-         makeHostFile(path, {QStringLiteral("PRAGMA user_version = %1").arg(kSchemaVersion + 1)});
-         return path;
+    {"FromANewerHost", "demo.sqlite",
+     [](const QString& path) {
+         makeSqliteFile(path, {QStringLiteral("PRAGMA user_version = %1").arg(kSchemaVersion + 1)}, true);
      },
      ExitCode::NewerDatabase, u"このデータベースは新しい版の tolvinpt-host で作られています"},
 };
@@ -110,20 +106,13 @@ class DatabaseRefusal : public ::testing::TestWithParam<Refusal>
 {
 };
 
-// Everything under `dir`, with the bytes of each file.
-QMap<QString, QByteArray> snapshot(const QString& dir)
-{
-    QMap<QString, QByteArray> files;
-    for (const QFileInfo& info : QDir(dir).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot))
-        files.insert(info.fileName(), info.isFile() ? fileHash(info.filePath()) : QByteArray("<dir>"));
-    return files;
-}
-
 TEST_P(DatabaseRefusal, IsReportedAndLeavesTheFileAlone)
 {
     QTemporaryDir dir;
-    const QString path = GetParam().prepare(dir);
+    const QString path = dir.filePath(QString::fromLatin1(GetParam().file));
+    GetParam().prepare(path);
     const auto before = snapshot(dir.path());
+    const QString line = QStringLiteral("tolvinpt-host: ") + QString::fromUtf16(GetParam().messageStart);
 
     ScriptedMessages messages;
     QString errText;
@@ -131,25 +120,17 @@ TEST_P(DatabaseRefusal, IsReportedAndLeavesTheFileAlone)
     EXPECT_EQ(openOrRefuse(path, err, true), toInt(GetParam().expected));
     EXPECT_FALSE(QSqlDatabase::contains(kHostConnection));
     ASSERT_EQ(messages.shown.size(), 1);
-    EXPECT_TRUE(messages.shown[0].text.startsWith(QString::fromUtf16(GetParam().messageStart)))
+    EXPECT_TRUE(messages.shown[0].text.startsWith(QString::fromUtf16(GetParam().messageStart)) &&
+                messages.shown[0].text.contains(QDir::toNativeSeparators(path)))
         << messages.shown[0].text.toStdString();
-    EXPECT_TRUE(messages.shown[0].text.contains(QDir::toNativeSeparators(path)));
     EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
-    EXPECT_TRUE(
-        errText.startsWith(QStringLiteral("tolvinpt-host: ") + QString::fromUtf16(GetParam().messageStart)))
-        << errText.toStdString();
-    EXPECT_EQ(errText.count(u'\n'), 1);
+    EXPECT_TRUE(errText.startsWith(line) && errText.count(u'\n') == 1) << errText.toStdString();
     EXPECT_EQ(snapshot(dir.path()), before);
 
     // The program itself: the same status, the line on stderr, and no message box offscreen.
-    QProcess program;
-    program.start(QStringLiteral(TOLVINPT_HOST_PROGRAM), {QStringLiteral("--database"), path});
-    ASSERT_TRUE(program.waitForFinished(30000));
-    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
-    EXPECT_EQ(program.exitCode(), toInt(GetParam().expected));
-    EXPECT_TRUE(
-        QString::fromUtf8(program.readAllStandardError())
-            .contains(QStringLiteral("tolvinpt-host: ") + QString::fromUtf16(GetParam().messageStart)));
+    const auto [code, stderrText] = runHost({QStringLiteral("--database"), path});
+    EXPECT_EQ(code, toInt(GetParam().expected));
+    EXPECT_TRUE(stderrText.contains(line)) << stderrText.toStdString();
     EXPECT_EQ(snapshot(dir.path()), before);
 }
 
@@ -162,7 +143,7 @@ TEST(DatabaseRefusalUnreadable, FileWithoutReadPermissionIsRefused)
         GTEST_SKIP() << "root reads every file; the missing folder and folder cases cover CannotOpen";
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("locked.sqlite"));
-    makeHostFile(path, {});
+    makeSqliteFile(path, {}, true);
     const QByteArray before = fileHash(path);
     QFile::setPermissions(path, {});
     ScriptedMessages messages;
@@ -181,33 +162,25 @@ TEST(HostProgram, AnswersVersionAndRefusesUnknownOptions)
     ASSERT_TRUE(program.waitForFinished(30000));
     EXPECT_EQ(program.exitCode(), 0);
     EXPECT_EQ(program.readAllStandardOutput(), QByteArray("50.0.1\n"));
-
-    program.start(QStringLiteral(TOLVINPT_HOST_PROGRAM), {QStringLiteral("--no-such-option")});
-    ASSERT_TRUE(program.waitForFinished(30000));
-    EXPECT_EQ(program.exitCode(), toInt(ExitCode::BadCommandLine));
-    EXPECT_TRUE(program.readAllStandardOutput().isEmpty());
+    EXPECT_EQ(runHost({QStringLiteral("--no-such-option")}).first, toInt(ExitCode::BadCommandLine));
 }
 
-TEST(HostProgram, CreatesTheDemoDatabaseOnceWithoutADisplay)
+// The demo database is the same on every first run; a second run leaves the file as it was. The database
+// is opened (and on the first run created) before the missing screen is noticed.
+TEST(HostProgram, CreatesTheSameDemoDatabaseOnceWithoutADisplay)
 {
     QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("first-run.sqlite"));
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
     for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
         env.remove(QString::fromLatin1(name));
-    QByteArray created;
-    for (int run = 0; run < 2; ++run) {
-        QProcess program;
-        program.setProcessEnvironment(env);
-        program.start(QStringLiteral(TOLVINPT_HOST_PROGRAM), {QStringLiteral("--database"), path});
-        ASSERT_TRUE(program.waitForFinished(60000));
-        // The database is opened (and on the first run created) before the missing screen is noticed.
-        EXPECT_EQ(program.exitCode(), toInt(ExitCode::NoDisplay));
-        if (run == 0)
-            created = fileHash(path);
+    QList<QByteArray> hashes;
+    for (const char* name : {"first.sqlite", "first.sqlite", "second.sqlite"}) {
+        const QString path = dir.filePath(QString::fromLatin1(name));
+        EXPECT_EQ(runHost({QStringLiteral("--database"), path}, env).first, toInt(ExitCode::NoDisplay));
+        hashes << fileHash(path);
     }
-    EXPECT_FALSE(created.isEmpty());
-    EXPECT_EQ(fileHash(path), created);
+    EXPECT_FALSE(hashes[0].isEmpty());
+    EXPECT_EQ(hashes, QList<QByteArray>(3, hashes[0]));
 }
 
 } // namespace

@@ -23,13 +23,15 @@ inline QByteArray fileHash(const QString& path)
     return QCryptographicHash::hash(file.readAll(), QCryptographicHash::Sha256);
 }
 
-// The first value of the first row of `sql`.
+// The first value of the first row of `sql`; a statement that fails fails the test.
 inline QVariant scalar(const QString& connection, const QString& sql)
 {
     QSqlQuery query(QSqlDatabase::database(connection, false));
-    if (!query.exec(sql) || !query.next())
+    if (!query.exec(sql)) {
+        ADD_FAILURE() << sql.toStdString();
         return {};
-    return query.value(0);
+    }
+    return query.next() ? query.value(0) : QVariant();
 }
 
 inline qint64 count(const QString& connection, const QString& sql)
@@ -51,6 +53,11 @@ protected:
     void TearDown() override { closeHostDatabase(connection); }
 
     qint64 count(const QString& sql) const { return test::count(connection, sql); }
+    void exec(const QString& sql)
+    {
+        QSqlQuery query(QSqlDatabase::database(connection, false));
+        ASSERT_TRUE(query.exec(sql)) << sql.toStdString();
+    }
 
     QTemporaryDir dir;
     QString path;

@@ -13,77 +13,23 @@ namespace {
 
 enum Outcome { No, Yes, Invalid };
 
-struct LikeCase
-{
-    const char16_t* pattern;
-    const char16_t* text;
-    Outcome expected;
-};
-
-const LikeCase likeCases[] = {
-    // literals, letter case
-    {u"ABC", u"abc", Yes},
-    {u"abc", u"ABC", Yes},
-    {u"abc", u"abcd", No},
-    {u"abc", u"abc ", No},
-    {u"", u"", Yes},
-    {u"", u"a", No},
-    {u"ｱｲｳ", u"ｱｲｳ", Yes},
-    {u"Ａ", u"ａ", No}, // only ASCII letters fold
-    // * and ?
-    {u"A*", u"a", Yes},
-    {u"A*", u"A-1234", Yes},
-    {u"A*", u"BA", No},
-    {u"*1", u"A-1", Yes},
-    {u"*", u"", Yes},
-    {u"a**b", u"ab", Yes},
-    {u"a*b*c", u"axxbyyc", Yes},
-    {u"a*b*c", u"axxbyy", No},
-    {u"*ab", u"aab", Yes},
-    {u"?", u"", No},
-    {u"??", u"ab", Yes},
-    {u"a?c", u"a c", Yes},
-    {u"?", u"😀", Yes}, // one character, though two UTF-16 units
-    // #
-    {u"#", u"7", Yes},
-    {u"#", u"a", No},
-    {u"A##", u"a12", Yes},
-    {u"#", u"７", No},
-    // sets and ranges
-    {u"[abc]", u"B", Yes},
-    {u"[abc]", u"d", No},
-    {u"[a-c]x", u"Bx", Yes},
-    {u"[A-C]", u"b", Yes},
-    {u"[!a-c]", u"d", Yes},
-    {u"[!a-c]", u"B", No},
-    {u"[0-9]#", u"42", Yes},
-    {u"[-a]", u"-", Yes},
-    {u"[a-]", u"-", Yes},
-    {u"[*]", u"*", Yes},
-    {u"[*]", u"a", No},
-    {u"[?]x", u"?x", Yes},
-    {u"[#]", u"#", Yes},
-    {u"[[]", u"[", Yes},
-    {u"a]", u"a]", Yes},
-    {u"a[]b", u"ab", Yes},
-    {u"[!]", u"x", Yes},
-    // invalid patterns
-    {u"[abc", u"a", Invalid},
-    {u"[z-a]", u"b", Invalid},
-    {u"a[", u"a", Invalid},
-};
-
+// Only ASCII letters fold; ? is one character, even two UTF-16 units; # one ASCII digit.
 TEST(LikePattern, MatchesTheTable)
 {
-    for (const LikeCase& c : likeCases) {
-        const QString pattern = QString::fromUtf16(c.pattern);
-        const QString text = QString::fromUtf16(c.text);
-        const std::optional<bool> result = likeMatches(pattern, text);
-        SCOPED_TRACE(u"pattern '%1' text '%2'"_s.arg(pattern, text).toStdString());
-        if (c.expected == Invalid)
-            EXPECT_FALSE(result.has_value());
-        else
-            EXPECT_EQ(result, std::optional(c.expected == Yes));
+    const std::tuple<const char16_t*, const char16_t*, Outcome> cases[] = {
+        {u"ABC", u"abc", Yes}, {u"abc", u"abc ", No}, {u"", u"", Yes}, {u"", u"a", No}, {u"ｱｲｳ", u"ｱｲｳ", Yes},
+        {u"Ａ", u"ａ", No}, {u"A*", u"A-1234", Yes}, {u"A*", u"BA", No}, {u"*", u"", Yes}, {u"a**b", u"ab", Yes},
+        {u"a*b*c", u"axxbyyc", Yes}, {u"a*b*c", u"axxbyy", No}, {u"*ab", u"aab", Yes}, {u"?", u"", No},
+        {u"a?c", u"a c", Yes}, {u"?", u"😀", Yes}, {u"A##", u"a12", Yes}, {u"#", u"a", No}, {u"#", u"７", No},
+        {u"[abc]", u"B", Yes}, {u"[abc]", u"d", No}, {u"[a-c]x", u"Bx", Yes}, {u"[A-C]", u"b", Yes},
+        {u"[!a-c]", u"d", Yes}, {u"[!a-c]", u"B", No}, {u"[-a]", u"-", Yes}, {u"[a-]", u"-", Yes},
+        {u"[*]", u"*", Yes}, {u"[*]", u"a", No}, {u"[?]x", u"?x", Yes}, {u"[#]", u"#", Yes}, {u"[[]", u"[", Yes},
+        {u"a]", u"a]", Yes}, {u"a[]b", u"ab", Yes}, {u"[!]", u"x", Yes}, {u"[abc", u"a", Invalid},
+        {u"[z-a]", u"b", Invalid}, {u"a[", u"a", Invalid}};
+    for (const auto& [pattern, text, expected] : cases) {
+        const std::optional<bool> result = likeMatches(QString::fromUtf16(pattern), QString::fromUtf16(text));
+        EXPECT_EQ(result, expected == Invalid ? std::nullopt : std::optional(expected == Yes))
+            << QString::fromUtf16(pattern).toStdString() << " / " << QString::fromUtf16(text).toStdString();
     }
 }
 
@@ -99,7 +45,7 @@ protected:
             temp.db().execute(u"INSERT INTO t VALUES (?, ?, ?)"_s, {++id, v, v});
     }
 
-    // Ids of the rows whose column matches, in id order.
+    // Ids of the rows where `condition` holds for `value`, in id order.
     QList<int> select(const QString& condition, const QString& value)
     {
         Statement statement = temp.db().prepare(u"SELECT id FROM t WHERE "_s + condition + u" ORDER BY id"_s);
@@ -113,50 +59,28 @@ protected:
     test::TempDatabase temp;
 };
 
-TEST_P(OnDatabase, LikeSelectsTheSameRowsAsTheMatcher)
+// With and without a NOCASE column: the rules must not depend on how the host declared it.
+TEST_P(OnDatabase, LikeAndEqualityIgnoreAsciiCaseOnly)
 {
-    const struct
-    {
-        QString pattern;
-        QList<int> ids;
-    } cases[] = {
-        {u"a*"_s, {1, 2}}, {u"?-100"_s, {1, 3}}, {u"[!a]-###"_s, {3}},      {u"*1*"_s, {1, 3, 4, 5}},
-        {u"ｶﾅ*"_s, {4}},   {u"a-1"_s, {}},       {u"*"_s, {1, 2, 3, 4, 5}}, // Null matches nothing
-    };
     const SqlDialect& dialect = temp.db().dialect();
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.pattern.toStdString());
-        EXPECT_EQ(select(dialect.matchesLike(u"v"_s), c.pattern), c.ids);
-        EXPECT_EQ(select(dialect.matchesLike(u"plain"_s), c.pattern), c.ids);
+    const auto like = &SqlDialect::matchesLike, equals = &SqlDialect::textEquals;
+    const std::tuple<decltype(like), QString, QList<int>> cases[] = {
+        {like, u"a*"_s, {1, 2}}, {like, u"[!a]-###"_s, {3}}, {like, u"*1*"_s, {1, 3, 4, 5}}, {like, u"ｶﾅ*"_s, {4}},
+        {like, u"a-1"_s, {}}, {like, u"*"_s, {1, 2, 3, 4, 5}}, {equals, u"A-200"_s, {2}},
+        {equals, u"b-100 "_s, {}}, {equals, u"ａ-1"_s, {}}};
+    for (const QString& column : {u"v"_s, u"plain"_s}) {
+        for (const auto& [condition, value, ids] : cases)
+            EXPECT_EQ(select((dialect.*condition)(column), value), ids) << value.toStdString();
     }
-}
-
-TEST_P(OnDatabase, InvalidPatternFailsTheStatementWithTheEngineNumber)
-{
+    // An invalid pattern fails the statement with the engine's number.
     try {
-        select(temp.db().dialect().matchesLike(u"v"_s), u"[a"_s);
-        FAIL() << "no error";
+        select(dialect.matchesLike(u"v"_s), u"[a"_s);
+        ADD_FAILURE() << "no error";
     } catch (const DatabaseError& e) {
         EXPECT_EQ(e.number(), 1);
         EXPECT_TRUE(e.description().contains(u"Like"_s)) << e.description().toStdString();
     }
-}
-
-TEST_P(OnDatabase, TextEqualityIgnoresAsciiCaseOnly)
-{
-    const SqlDialect& dialect = temp.db().dialect();
-    // With and without a NOCASE column: the rule must not depend on how the host declared it.
-    for (const QString& column : {u"v"_s, u"plain"_s}) {
-        SCOPED_TRACE(column.toStdString());
-        EXPECT_EQ(select(dialect.textEquals(column), u"A-200"_s), QList<int>{2});
-        EXPECT_EQ(select(dialect.textEquals(column), u"b-100"_s), QList<int>{3});
-        EXPECT_EQ(select(dialect.textEquals(column), u"b-100 "_s), QList<int>{});
-        EXPECT_EQ(select(dialect.textEquals(column), u"ａ-1"_s), QList<int>{});
-    }
-}
-
-TEST_P(OnDatabase, LikeFunctionComesBackAfterTheConnectionIsReopened)
-{
+    // The function comes back with the connection.
     temp.close();
     temp.reopen();
     EXPECT_EQ(select(temp.db().dialect().matchesLike(u"v"_s), u"B*"_s), QList<int>{3});

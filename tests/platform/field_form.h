@@ -53,10 +53,8 @@ struct FieldForm
     FocusInCounter focusIns;
 
     std::map<QWidget*, bool> refuse;
-    std::map<QWidget*, int> validated;
-    std::map<QWidget*, int> gotFocus;
-    int clicks = 0;
-    int commands = 0;
+    std::map<QWidget*, int> validated, gotFocus;
+    int clicks = 0, commands = 0;
 
     FieldForm()
     {
@@ -72,9 +70,9 @@ struct FieldForm
                 cancel = refuse[field];
             });
             leave->setGotFocus(field, [this, field] { ++gotFocus[field]; });
-            field->installEventFilter(&focusIns);
         }
-        button->installEventFilter(&focusIns);
+        for (QWidget* w : QList<QWidget*>{a, b, combo, button})
+            w->installEventFilter(&focusIns);
         QObject::connect(button, &QPushButton::clicked, [this] { ++clicks; });
         QObject::connect(command, &QAction::triggered, [this] { ++commands; });
         a->setFocus();

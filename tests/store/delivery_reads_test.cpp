@@ -30,10 +30,15 @@ protected:
     test::TempDatabase temp;
 };
 
-TEST_P(Reads, AMissingRecordReadsAsNothing)
+TEST_P(Reads, DeletingARecordTakesItsPackagesAlongAndAMissingOneReadsAsNothing)
 {
-    EXPECT_FALSE(readDeliveryRecord(temp.db(), 42));
-    EXPECT_TRUE(readPackageRows(temp.db(), 42).quantities.empty());
+    const qint64 id = insert(1, u"A"_s, u"KEY-1"_s);
+    insertPackageRows(temp.db(), id, {u"1"_s, u"2"_s});
+    EXPECT_EQ(readDeliveryKey(temp.db(), id), u"KEY-1"_s);
+    deleteDeliveryRecord(temp.db(), id);
+    EXPECT_FALSE(readDeliveryRecord(temp.db(), id));
+    EXPECT_FALSE(readDeliveryKey(temp.db(), id));
+    EXPECT_TRUE(readPackageRows(temp.db(), id).quantities.empty());
 }
 
 TEST_P(Reads, PackagesComeInSequenceOrderWhateverTheirNumbers)
@@ -84,22 +89,6 @@ TEST_P(Reads, OrderKeyFindsLiveRecordsIgnoringLetterCase)
         SCOPED_TRACE(QString(c.order + u'/' + c.key).toStdString());
         EXPECT_EQ(findLiveRecordByOrderKey(temp.db(), c.customer, c.order, c.key), c.found);
     }
-}
-
-TEST_P(Reads, DeliveryKeyForTheRecordList)
-{
-    const qint64 id = insert(1, u"A"_s, u"KEY-1"_s);
-    EXPECT_EQ(readDeliveryKey(temp.db(), id), u"KEY-1"_s);
-    EXPECT_FALSE(readDeliveryKey(temp.db(), id + 1));
-}
-
-TEST_P(Reads, DeletingARecordTakesItsPackagesAlong)
-{
-    const qint64 id = insert(1, u"A"_s, u"A"_s);
-    insertPackageRows(temp.db(), id, {u"1"_s, u"2"_s});
-    deleteDeliveryRecord(temp.db(), id);
-    EXPECT_FALSE(readDeliveryRecord(temp.db(), id));
-    EXPECT_TRUE(readPackageRows(temp.db(), id).quantities.empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Db, Reads, test::bothStatementPaths(), test::statementPathName);
