@@ -186,8 +186,9 @@ private:
     sqlite3* m_handle;
 };
 
-std::mutex registryMutex;
-std::set<sqlite3*> registeredHandles;
+// Never destroyed: a connection kept in a global can close after this file's statics are gone at exit.
+std::mutex& registryMutex = *new std::mutex;
+std::set<sqlite3*>& registeredHandles = *new std::set<sqlite3*>;
 
 void forgetHandle(void* handle)
 {
