@@ -1,4 +1,4 @@
-// Currency code completion, name following and the check on leaving; the company choices.
+// Currency code completion, name following and the check on leaving; the own-company choice.
 #include "form_fixture.h"
 
 using namespace tolvinpt;
@@ -12,7 +12,6 @@ class CurrencyTest : public EntryTest
 {
 protected:
     QComboBox* currency() const { return combo(u"cobCurrency"_s); }
-    QLineEdit* edit() const { return currency()->lineEdit(); }
     QString name() const { return combo(u"cobCurrencyName"_s)->currentText(); }
 };
 
@@ -20,6 +19,7 @@ protected:
 
 TEST_F(CurrencyTest, TypingCompletesAListedCode)
 {
+    // clang-format off
     const struct { QString keys /* typed over the whole text */, text, selected; int index; QString name; } cases[] = {
         {u"u"_s, u"USD"_s, u"SD"_s, 1, u"米 ﾄﾞﾙ"_s},
         {u"hk"_s, u"HKD"_s, u"D"_s, 8, u"香港 ﾄﾞﾙ"_s},
@@ -28,14 +28,16 @@ TEST_F(CurrencyTest, TypingCompletesAListedCode)
         {u"usd"_s, u"USD"_s, u""_s, 1, u"米 ﾄﾞﾙ"_s},
         {u"u\b"_s, u"USD"_s, u"SD"_s, 1, u"米 ﾄﾞﾙ"_s}, // backspace removes the completion, which returns
     };
+    // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.keys.toStdString());
         enter(u"cobCurrency"_s);
-        EXPECT_EQ(edit()->selectedText(), currency()->currentText()) << "entering selects the whole code";
+        EXPECT_EQ(currency()->lineEdit()->selectedText(), currency()->currentText())
+            << "entering selects it all";
         clearFlags();
         input(c.keys);
         EXPECT_EQ(currency()->currentText(), c.text);
-        EXPECT_EQ(edit()->selectedText(), c.selected);
+        EXPECT_EQ(currency()->lineEdit()->selectedText(), c.selected);
         EXPECT_EQ(currency()->currentIndex(), c.index);
         EXPECT_EQ(name(), c.name);
         EXPECT_TRUE(form->bChanged);
@@ -45,16 +47,24 @@ TEST_F(CurrencyTest, TypingCompletesAListedCode)
         EXPECT_EQ(focusedField(), control(u"cobTaxation"_s));
         EXPECT_TRUE(messages.shown.isEmpty());
     }
+    // A stored code outside the list shows "その他" while the combo still holds the item it started
+    // like (USD here): completing that same item names it again.
+    combo(u"cobCurrencyName"_s)->setCurrentIndex(11);
+    enter(u"cobCurrency"_s);
+    input(u"u"_s);
+    EXPECT_EQ(name(), u"米 ﾄﾞﾙ"_s);
 }
 
 TEST_F(CurrencyTest, LeavingChecksTheCode)
 {
+    // clang-format off
     const struct { QString pasted, textAfter /* a refused text stays */, name; bool refused; } cases[] = {
         {u""_s, u"JPY"_s, u"日本 円"_s, false}, {u"   "_s, u"JPY"_s, u"日本 円"_s, false},
         {u" AU "_s, u" AU "_s, Other, false},   {u"米"_s, u"米"_s, Other, false},
         {u"ABCD"_s, u"ABCD"_s, Other, true},    {u"米国"_s, u"米国"_s, Other, true},
         {u"gbp"_s, u"GBP"_s, u"英 ﾎﾟﾝﾄﾞ"_s, false},
     };
+    // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.pasted.toStdString());
         fill(u"cobCurrency"_s, c.pasted, Input::Paste);
@@ -82,13 +92,13 @@ TEST_F(CurrencyTest, SwitchingToYenChecksTheUnitPriceFirst)
         EXPECT_EQ(text(u"txtUnitPrice"_s)->text(), priceAfter);
         if (refused) {
             ASSERT_EQ(messages.shown.size(), 2);
-            EXPECT_EQ(messages.shown.front().text, u"単価の最大値は 999,999,999.999 です"_s);
-            messages.shown.removeFirst();
-            expectOneMessage(u"通貨を「日本円」に変更する場合は、\r\n単価を変更してから、通貨ｺｰﾄﾞを指定してください",
-                             u"通貨ｺｰﾄﾞ & 単価 ﾁｪｯｸ...", QMessageBox::Information);
+            EXPECT_EQ(messages.shown.takeFirst().text, u"単価の最大値は 999,999,999.999 です"_s);
+            expectOneMessage(
+                u"通貨を「日本円」に変更する場合は、\r\n単価を変更してから、通貨ｺｰﾄﾞを指定してください",
+                u"通貨ｺｰﾄﾞ & 単価 ﾁｪｯｸ...", QMessageBox::Information);
             EXPECT_EQ(focusedField(), control(u"cobCurrency"_s));
             EXPECT_EQ(currency()->currentText(), u"JPY"_s);
-            edit()->selectAll();
+            currency()->lineEdit()->selectAll();
             input(u"u"_s);
             leave();
         }
@@ -97,52 +107,17 @@ TEST_F(CurrencyTest, SwitchingToYenChecksTheUnitPriceFirst)
     }
 }
 
-TEST_F(CurrencyTest, CodeWrittenIntoTheTextIsLookedUpUnlessNotSeek)
+TEST_F(CurrencyTest, TheOwnCodeSelectsItsCompanyItem)
 {
-    const struct { QString written; bool notSeek; QString text, name; } cases[] = {
-        {u"GBP"_s, false, u"GBP"_s, u"英 ﾎﾟﾝﾄﾞ"_s}, {u"XYZ"_s, false, u"XYZ"_s, Other},
-        {u"US"_s, false, u"USD"_s, u"米 ﾄﾞﾙ"_s},    {u"US"_s, true, u"US"_s, u"日本 円"_s},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.written.toStdString());
-        currency()->setCurrentIndex(0);
-        clearFlags();
-        form->NotSeek = c.notSeek;
-        edit()->selectAll();
-        edit()->insert(c.written);
-        form->NotSeek = false;
-        EXPECT_EQ(currency()->currentText(), c.text);
-        EXPECT_EQ(name(), c.name);
-        EXPECT_TRUE(form->bChanged);
-    }
-    // A stored code outside the list shows "その他" while the combo still holds its last item:
-    // completing that same item names it again.
-    combo(u"cobCurrencyName"_s)->setCurrentIndex(11);
-    enter(u"cobCurrency"_s);
-    input(u"j"_s);
-    EXPECT_EQ(currency()->currentText(), u"JPY"_s);
-    EXPECT_EQ(name(), u"日本 円"_s);
-}
-
-TEST_F(CurrencyTest, CompanyChoicesFollowTheirCodes)
-{
-    // The customer's code is what follows the item's last colon.
-    const QString filler(100, u' ');
-    combo(u"cobCustomer"_s)->addItems({u"得意先A"_s + filler + u":12345"_s, u"得:意:先B"_s + filler + u":00678"_s});
-    for (const auto& [index, code] : {std::pair{1, u"00678"_s}, {0, u"12345"_s}}) {
-        clearFlags();
-        combo(u"cobCustomer"_s)->setCurrentIndex(index);
-        EXPECT_EQ(text(u"txtCustomCode"_s)->text(), code);
-        EXPECT_TRUE(form->bChanged);
-    }
-
-    // The own code selects its company item, by name, without marking a change.
+    // By the item's name, without marking a change.
     host.ownCode = u"*"_s;
     host.ownCodes = {{u"東京工場"_s, u"0101"_s}, {u"大阪工場"_s, u"0202"_s}};
+    // clang-format off
     const struct { bool listMode; QString code; int index; QString name; } cases[] = {
         {true, u"0202"_s, 2, u"大阪工場"_s}, {true, u"0101"_s, 1, u"東京工場"_s}, {true, u"9999"_s, 0, u"自社"_s},
         {false, u"0202"_s, 0, u"自社"_s},
     };
+    // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.code.toStdString());
         host.multipleOwnCodes = c.listMode;

@@ -94,16 +94,15 @@ protected:
             QApplication::clipboard()->setText(text);
             QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
         } else if (how == Input::InputMethod) {
-            QInputMethodEvent composing(text, {});
-            QApplication::sendEvent(box, &composing);
-            QInputMethodEvent committed;
+            QInputMethodEvent composing(text, {}), committed;
             committed.setCommitString(text);
+            QApplication::sendEvent(box, &composing);
             QApplication::sendEvent(box, &committed);
         } else {
-            for (const char32_t c : text.toUcs4()) {
-                const auto key = c < 0x80 ? QTest::asciiToKey(char(c)) : Qt::Key_unknown;
-                QTest::sendKeyEvent(QTest::Click, box, key, QString::fromUcs4(&c, 1), Qt::NoModifier);
-            }
+            for (const char32_t c : text.toUcs4())
+                QTest::sendKeyEvent(QTest::Click, box,
+                                    c < 0x80 ? QTest::asciiToKey(char(c)) : Qt::Key_unknown,
+                                    QString::fromUcs4(&c, 1), Qt::NoModifier);
         }
     }
     // Leaves the focused field; a click goes to txtMyHCode (txtHCode from there), open and empty here.

@@ -2,6 +2,7 @@
 // the record list, the change flags and the package-mode options.
 #include "form_fixture.h"
 
+#include "forms/combo_items.h"
 #include "forms/frmData/record_list_menu.h"
 #include "forms/keyed_toolbar.h"
 #include "platform/field_state.h"
@@ -28,20 +29,17 @@ const QStringList OrderFields = {
     u"txtAmountOrder"_s, u"txtAmountIndicate"_s, u"txtCustomRemarksA"_s, u"txtCustomRemarksK"_s,
     u"txtCustomBar"_s,   u"txtKensa"_s,          u"txtUnit"_s,           u"cobMyCodes"_s};
 
-QString ownItem(const QString& name, const QString& code)
-{
-    return name + QString(200, u' ') + u'\t' + code;
-}
-
 } // namespace
 
 TEST_F(FormModesTest, OwnCodesListModeOnlyWithMultipleCodesStarAndAList)
 {
     const QList<OwnCodeEntry> two = {{u"東京工場"_s, u"0101"_s}, {u"大阪工場"_s, u"0202"_s}};
+    // clang-format off
     const struct { bool multiple; QString code; QList<OwnCodeEntry> list; bool listMode; } cases[] = {
-        {false, u"0001"_s, {}, false}, {true, u"*"_s, two, true},       {true, u"*"_s, {}, false},
+        {false, u"0001"_s, {}, false}, {true, u"*"_s, two, true},   {true, u"*"_s, {}, false},
         {true, u"0001"_s, two, false}, {false, u"*"_s, two, false},
     };
+    // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.code.toStdString() + (c.multiple ? " multiple" : " single"));
         host.multipleOwnCodes = c.multiple;
@@ -50,8 +48,9 @@ TEST_F(FormModesTest, OwnCodesListModeOnlyWithMultipleCodesStarAndAList)
         load();
         QComboBox* codes = combo(u"cobMyCodes"_s);
         EXPECT_EQ(codes->count(), c.listMode ? 3 : 1);
-        EXPECT_EQ(codes->itemText(0), ownItem(host.ownName, c.code));
-        EXPECT_EQ(codes->itemText(codes->count() - 1), c.listMode ? ownItem(u"大阪工場"_s, u"0202"_s) : codes->itemText(0));
+        EXPECT_EQ(codes->itemText(0), ownCodeItem(host.ownName, c.code));
+        EXPECT_EQ(codes->itemText(codes->count() - 1),
+                  c.listMode ? ownCodeItem(u"大阪工場"_s, u"0202"_s) : codes->itemText(0));
         EXPECT_EQ(codes->isEnabled(), c.listMode);
         EXPECT_EQ(codes->currentIndex(), 0);
         EXPECT_EQ(text(u"txtMyCode"_s)->text(), c.code) << "the selected own code follows into txtMyCode";
@@ -64,46 +63,51 @@ TEST_F(FormModesTest, OwnCodesListModeOnlyWithMultipleCodesStarAndAList)
     combo(u"cobMyCodes"_s)->hidePopup();
 }
 
-TEST_F(FormModesTest, LoadLeavesABlankRecordInBrowseMode)
+TEST_F(FormModesTest, LoadShowsBrowseModeAndNewStartNewRecordMode)
 {
     for (bool breakdown : {false, true}) {
         host.useQuantityBreakdown = breakdown;
         load();
         EXPECT_EQ(control(u"fraQuantity"_s)->isHidden(), !breakdown);
     }
-    EXPECT_EQ(form->windowTitle(), u"納品ﾃﾞｰﾀの入力"_s);
     EXPECT_EQ(form->lngResult, 7);
     EXPECT_FALSE(form->toolbar1()->isButtonEnabled(4)) << "戻る";
-    EXPECT_TRUE(form->toolbar1()->isButtonEnabled(5));
-    EXPECT_TRUE(form->toolbar2()->isHidden());
-    EXPECT_FALSE(form->toolbar1()->isHidden());
-    EXPECT_TRUE(form->menuItem(u"mnuData"_s)->isVisible());
-    EXPECT_FALSE(form->menuItem(u"mnuNewData"_s)->isVisible());
-    EXPECT_FALSE(form->control<QCheckBox>(u"chkNew"_s)->isChecked());
-    EXPECT_FALSE(control(u"cmdFind"_s)->isEnabled());
-    EXPECT_EQ(form->control<QFrame>(u"fraInfoCust"_s)->frameShape(), QFrame::NoFrame);
-    EXPECT_EQ(combo(u"cobCurrency"_s)->currentText(), u"JPY"_s);
-    EXPECT_EQ(combo(u"cobCurrencyName"_s)->currentText(), u"日本 円"_s);
-    EXPECT_EQ(combo(u"cobTaxation"_s)->currentIndex(), 0);
-    for (const QString& name : OrderFields)
-        EXPECT_TRUE(isLocked(control(name)) && !isTabStop(control(name))) << name.toStdString();
-    EXPECT_EQ(form->control<QLabel>(u"lblInfo"_s)->text(), u"[手入力]"_s);
-    EXPECT_EQ(text(u"txtAmountDelivery"_s)->text(), u"0"_s);
-    EXPECT_FALSE(control(u"fraQuantity"_s)->isEnabled()) << "nothing to pack";
-    EXPECT_EQ(form->packageMode(), 1);
-    EXPECT_FALSE(control(u"txtQuantity"_s)->isEnabled());
-    EXPECT_FALSE(control(u"cmdQuantity"_s)->isEnabled());
+    EXPECT_FALSE(control(u"fraQuantity"_s)->isEnabled()) << "the blank record has nothing to pack";
+    const QColor open = QApplication::palette().color(QPalette::Base);
+    const QColor grey = QApplication::palette().color(QPalette::Button);
+    for (bool newRecord : {false, true}) {
+        SCOPED_TRACE(newRecord ? "new record" : "browse");
+        if (newRecord)
+            form->gNewStart();
+        form->SetDetailEditable(newRecord); // once more: changes nothing
+        EXPECT_EQ(form->toolbar1()->isHidden(), newRecord);
+        EXPECT_EQ(form->toolbar2()->isHidden(), !newRecord);
+        EXPECT_EQ(form->menuItem(u"mnuData"_s)->isVisible(), !newRecord);
+        EXPECT_EQ(form->menuItem(u"mnuNewData"_s)->isVisible(), newRecord);
+        EXPECT_EQ(form->control<QCheckBox>(u"chkNew"_s)->isChecked(), newRecord);
+        EXPECT_EQ(control(u"cmdFind"_s)->isEnabled(), newRecord);
+        for (const QString& name : OrderFields) {
+            QWidget* field = control(name);
+            EXPECT_EQ(isLocked(field), !newRecord) << name.toStdString();
+            EXPECT_EQ(isTabStop(field), newRecord) << name.toStdString();
+            EXPECT_TRUE(!qobject_cast<QLineEdit*>(field) ||
+                        field->palette().color(QPalette::Base) == (newRecord ? open : grey));
+        }
+        EXPECT_TRUE(!isLocked(control(u"txtMyHCode"_s)) && isTabStop(control(u"txtMyHCode"_s)))
+            << "no order field";
+        EXPECT_TRUE(isLocked(control(u"txtMyCode"_s))) << "grey stays grey";
+        for (const QString& name : {u"txtDate(0)"_s, u"txtKensa"_s})
+            EXPECT_FALSE(control(name)->testAttribute(Qt::WA_InputMethodEnabled)) << "locking keeps it off";
+    }
 }
 
-TEST_F(FormModesTest, ClearEntryFormBlanksTheRecordAndNewStartOpensIt)
+TEST_F(FormModesTest, ClearEntryFormBlanksTheRecordAndNewStartStartsAfresh)
 {
     host.ownCode = u"0007"_s;
     load();
     combo(u"cobCustomer"_s)->addItems({u"A:1"_s, u"B:2"_s});
     combo(u"cobCustomer"_s)->setCurrentIndex(1);
     text(u"txtMyCode"_s)->setText(u"0002"_s);
-    text(u"txtUnitPrice"_s)->setText(u"12.5"_s);
-    text(u"txtDate(2)"_s)->setText(u"20050310"_s);
     text(u"txtMyRemarksK"_s)->setText(u"備考"_s);
     combo(u"cobCurrency"_s)->setEditText(u"XYZ"_s);
     combo(u"cobTaxation"_s)->setCurrentIndex(3);
@@ -114,10 +118,9 @@ TEST_F(FormModesTest, ClearEntryFormBlanksTheRecordAndNewStartOpensIt)
     clearFlags();
 
     form->ClearEntryForm();
-    for (const auto& [name, blank] : {std::pair{u"txtUnitPrice"_s, u"0"_s}, {u"txtDate(2)"_s, QString()},
-                                      {u"txtMyRemarksK"_s, QString()}, {u"txtQuantity"_s, u"0"_s}})
-        EXPECT_EQ(text(name)->text(), blank) << name.toStdString();
+    EXPECT_EQ(text(u"txtMyRemarksK"_s)->text(), QString()); // more in the record display test
     EXPECT_EQ(combo(u"cobCurrency"_s)->currentText(), u"JPY"_s);
+    EXPECT_EQ(combo(u"cobCurrencyName"_s)->currentText(), u"日本 円"_s);
     EXPECT_EQ(combo(u"cobTaxation"_s)->currentIndex(), 0);
     EXPECT_FALSE(form->control<QCheckBox>(u"chkTaxType"_s)->isChecked());
     EXPECT_EQ(form->packageMode(), 1);
@@ -134,89 +137,44 @@ TEST_F(FormModesTest, ClearEntryFormBlanksTheRecordAndNewStartOpensIt)
     form->gNewStart();
     EXPECT_EQ(combo(u"cobCustomer"_s)->currentIndex(), 0);
     EXPECT_EQ(text(u"txtMyCode"_s)->text(), u"0007"_s) << "the own-company choice is applied again";
-    EXPECT_TRUE(form->control<QCheckBox>(u"chkNew"_s)->isChecked());
-    EXPECT_TRUE(control(u"cmdFind"_s)->isEnabled());
-    EXPECT_FALSE(form->toolbar2()->isHidden());
-    EXPECT_TRUE(form->toolbar1()->isHidden());
-    EXPECT_TRUE(form->menuItem(u"mnuNewData"_s)->isVisible());
-    EXPECT_FALSE(form->menuItem(u"mnuData"_s)->isVisible());
     EXPECT_FALSE(form->bChanged || form->bChangedQTY);
-    for (const QString& name : OrderFields)
-        EXPECT_FALSE(isLocked(control(name))) << name.toStdString();
-}
-
-TEST_F(FormModesTest, SetDetailEditableTouchesOnlyTheOrderFieldsAndTwiceChangesNothing)
-{
-    load();
-    const QColor open = QApplication::palette().color(QPalette::Base);
-    const QColor grey = QApplication::palette().color(QPalette::Button);
-    for (bool editable : {true, true, false, false}) {
-        form->SetDetailEditable(editable);
-        for (const QString& name : OrderFields) {
-            SCOPED_TRACE(name.toStdString());
-            EXPECT_EQ(isLocked(control(name)), !editable);
-            EXPECT_EQ(isTabStop(control(name)), editable);
-            if (qobject_cast<QLineEdit*>(control(name))) {
-                EXPECT_EQ(control(name)->palette().color(QPalette::Base), editable ? open : grey);
-            }
-        }
-        EXPECT_TRUE(!isLocked(control(u"txtMyHCode"_s)) && isTabStop(control(u"txtMyHCode"_s)));
-        EXPECT_TRUE(isLocked(control(u"txtMyCode"_s))) << "grey stays grey";
-        for (const QString& name : {u"txtDate(0)"_s, u"txtKensa"_s})
-            EXPECT_FALSE(control(name)->testAttribute(Qt::WA_InputMethodEnabled)) << "locking keeps it off";
-    }
-}
-
-TEST_F(FormModesTest, FormUsesTheJapaneseUiFontAndEscapeDoesNotClose)
-{
-    openNew();
-    EXPECT_EQ(QFontInfo(control(u"txtHinmeiK"_s)->font()).family(), u"Noto Sans CJK JP"_s);
-    EXPECT_DOUBLE_EQ(form->font().pointSizeF(), 9.75);
-    enter(u"txtMyBar"_s);
-    QTest::keyClick(control(u"txtMyBar"_s), Qt::Key_Escape);
-    EXPECT_TRUE(form->isVisible());
-    EXPECT_EQ(form->result(), 0);
 }
 
 TEST_F(FormModesTest, ToolbarButtonsByPositionAndKeyRouteToTheirMenuItems)
 {
     load();
     // Other code addresses Toolbar1 by these positions.
-    const QStringList keys1 = {u"新規作成"_s, u"変更保存"_s, {}, u"戻る"_s, u"進む"_s, {},
+    const QStringList keys1 = {u"新規作成"_s, u"変更保存"_s, {},           u"戻る"_s, u"進む"_s, {},
                                u"一覧選択"_s, u"分割"_s,     u"詳細変更"_s};
-    for (auto [bar, specs] : {std::pair{form->toolbar1(), frmdata::toolbar1()}, {form->toolbar2(), frmdata::toolbar2()}}) {
+    for (auto [bar, specs] :
+         {std::pair{form->toolbar1(), frmdata::toolbar1()}, {form->toolbar2(), frmdata::toolbar2()}}) {
         ASSERT_EQ(bar->count(), qsizetype(specs.size()));
-        EXPECT_EQ(bar->buttonAt(0), nullptr);
         EXPECT_EQ(bar->buttonAt(bar->count() + 1), nullptr);
         for (int position = 1; position <= bar->count(); ++position) {
             const ToolButtonSpec& spec = specs[std::size_t(position - 1)];
-            SCOPED_TRACE(spec.key.toString().toStdString());
-            EXPECT_TRUE(bar != form->toolbar1() || bar->keyAt(position) == keys1[position - 1]);
+            SCOPED_TRACE(position);
+            EXPECT_TRUE(bar != form->toolbar1() || spec.key == keys1[position - 1]);
             EXPECT_EQ(bar->keyAt(position), spec.key.toString());
             QToolButton* button = bar->buttonAt(position);
-            if (spec.key.isEmpty()) {
-                EXPECT_EQ(button, nullptr);
-                bar->setButtonEnabled(position, true); // a separator: nothing to do
-                EXPECT_FALSE(bar->isButtonEnabled(position));
-                continue;
-            }
-            ASSERT_TRUE(button);
             EXPECT_EQ(bar->button(spec.key.toString()), button);
+            EXPECT_EQ(button == nullptr, spec.key.isEmpty()) << "a separator takes a position";
+            bar->setButtonEnabled(position, false);
+            EXPECT_FALSE(bar->isButtonEnabled(position));
+            bar->setButtonEnabled(position, true);
+            EXPECT_EQ(bar->isButtonEnabled(position), button != nullptr);
+            if (!button)
+                continue;
             EXPECT_EQ(button->toolTip(), spec.tooltip.toString());
             EXPECT_FALSE(button->icon().isNull());
             EXPECT_EQ(button->focusPolicy(), Qt::NoFocus);
             EXPECT_EQ(button->popupMode() == QToolButton::MenuButtonPopup, spec.dropDown);
-            bar->setButtonEnabled(position, false);
-            EXPECT_FALSE(button->isEnabled());
-            bar->setButtonEnabled(position, true);
         }
     }
     QSignalSpy next(form.get(), &frmData::nextRecordRequested);
     QSignalSpy previous(form.get(), &frmData::previousRecordRequested);
     QTest::mouseClick(form->toolbar1()->button(u"進む"_s), Qt::LeftButton);
     QTest::mouseClick(form->toolbar1()->button(u"戻る"_s), Qt::LeftButton);
-    EXPECT_EQ(next.size(), 1);
-    EXPECT_EQ(previous.size(), 1);
+    EXPECT_TRUE(next.size() == 1 && previous.size() == 1);
 }
 
 TEST_F(FormModesTest, RecordListKeepsInsertionOrderAndReportsOneBasedIndices)
@@ -231,21 +189,17 @@ TEST_F(FormModesTest, RecordListKeepsInsertionOrderAndReportsOneBasedIndices)
     ASSERT_EQ(list->count(), 3);
     EXPECT_EQ(list->keyAt(1), u"30Key"_s);
     EXPECT_EQ(list->keyAt(2), u"10Key"_s);
-    EXPECT_EQ(list->keyAt(4), QString());
     EXPECT_EQ(list->textAt(3), u"A&B"_s);
     EXPECT_EQ(list->actions().at(2)->text(), u"A&&B"_s) << "an ampersand is shown, not an access key";
     EXPECT_EQ(list->indexOfKey(u"20KEY"_s), 3);
     EXPECT_EQ(list->indexOfKey(u"99Key"_s), 0);
-    EXPECT_TRUE(list->setEntryText(u"10Key"_s, u"K-011"_s));
+    EXPECT_TRUE(list->setEntryText(u"10key"_s, u"K-011"_s));
     EXPECT_EQ(list->textAt(2), u"K-011"_s);
-    EXPECT_FALSE(list->setEntryText(u"99Key"_s, u"x"_s));
 
     QSignalSpy chosen(form.get(), &frmData::recordChosen);
     list->actions().at(1)->trigger();
     list->actions().at(2)->trigger();
-    ASSERT_EQ(chosen.size(), 2);
-    EXPECT_EQ(chosen[0][0].toInt(), 2);
-    EXPECT_EQ(chosen[1][0].toInt(), 3);
+    EXPECT_EQ(chosen, (QList<QVariantList>{{2}, {3}}));
 }
 
 TEST_F(FormModesTest, MenusAreBuiltAsCataloguedAndOnlyTheShownMenusShortcutsWork)
@@ -262,7 +216,6 @@ TEST_F(FormModesTest, MenusAreBuiltAsCataloguedAndOnlyTheShownMenusShortcutsWork
             QAction* action = menu->actions().at(qsizetype(i));
             SCOPED_TRACE(item.name.toString().toStdString());
             EXPECT_EQ(form->menuItem(item.name.toString()), action);
-            EXPECT_EQ(action->isSeparator(), item.caption == u"-");
             EXPECT_EQ(action->isSeparator() ? u"-"_s : action->text(), item.caption.toString());
             EXPECT_EQ(action->shortcut(), QKeySequence(item.shortcut.toString(), QKeySequence::PortableText));
         }
@@ -289,7 +242,7 @@ TEST_F(FormModesTest, EveryChangeMarksWhatTheCatalogueSays)
     host.ownCodes = {{u"東京工場"_s, u"0101"_s}};
     load();
     form->gNewStart();
-    combo(u"cobCustomer"_s)->addItems({u"A"_s, u"B"_s});
+    combo(u"cobCustomer"_s)->addItems({u"得意先A:12345"_s, u"得:意:先B:00678"_s});
     for (const auto& spec : frmdata::controls()) {
         if (spec.kind == ControlKind::Button || spec.kind == ControlKind::OptionButton)
             continue; // the options: see the package-mode test
@@ -300,8 +253,7 @@ TEST_F(FormModesTest, EveryChangeMarksWhatTheCatalogueSays)
         if (auto* edit = qobject_cast<QLineEdit*>(w)) {
             edit->setEnabled(true); // txtQuantity is open in its mode only
             QTest::keyClicks(edit, u"7"_s);
-        }
-        else if (auto* box = qobject_cast<QComboBox*>(w))
+        } else if (auto* box = qobject_cast<QComboBox*>(w))
             box->setCurrentIndex(box->currentIndex() == 1 ? 0 : 1);
         else if (auto* check = qobject_cast<QCheckBox*>(w))
             QTest::mouseClick(check, Qt::LeftButton);
@@ -312,6 +264,7 @@ TEST_F(FormModesTest, EveryChangeMarksWhatTheCatalogueSays)
         EXPECT_EQ(form->bChangedQTY, bool(marks & marks::Quantity));
     }
     EXPECT_EQ(text(u"txtMyCode"_s)->text(), u"0101"_s) << "the own-company choice fills the code";
+    EXPECT_EQ(text(u"txtCustomCode"_s)->text(), u"00678"_s) << "the customer's code follows its last colon";
     clearFlags();
     combo(u"cobCurrency"_s)->setEditText(u"US"_s);
     EXPECT_TRUE(form->bChanged) << "typing a currency code";
@@ -320,6 +273,8 @@ TEST_F(FormModesTest, EveryChangeMarksWhatTheCatalogueSays)
 TEST_F(FormModesTest, PackageModeOptionsEnableTheirInputsAndResetThePackages)
 {
     openNew();
+    QTest::keyClick(control(u"cobCustomer"_s), Qt::Key_Escape);
+    EXPECT_TRUE(form->isVisible()) << "Escape closes nothing";
     text(u"txtAmountDelivery"_s)->setText(u"12.5 pcs"_s);
     // The selected option clicked again (by code) runs its click handling again.
     for (int mode : {2, 3, 1, 3, 3}) {

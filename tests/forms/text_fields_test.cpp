@@ -67,17 +67,9 @@ TEST_F(TextFieldTest, WidthRules)
 {
     const Input T = Input::Type, P = Input::Paste, I = Input::InputMethod;
     const Leave Tab = Leave::Tab, Back = Leave::BackTab, Click = Leave::Click;
-    const struct
-    {
-        const char* what;
-        QString field;
-        Input how;
-        QString input;
-        QString expected; // the field's text after leaving
-        bool accepted;
-        Leave leaving;
-    } cases[] = {
-        // clang-format off
+    // clang-format off
+    // `expected`: the field's text after leaving.
+    const struct { const char* what; QString field; Input how; QString input, expected; bool accepted; Leave leaving; } cases[] = {
         {"half: voiced half-width katakana stay", u"txtHinmeiA"_s, T, u"ｶﾞｷﾞﾊﾟｰ"_s, u"ｶﾞｷﾞﾊﾟｰ"_s, true, Tab},
         {"half: full-width narrows", u"txtHinmeiA"_s, I, u"ＡＢ１ガッ"_s, u"AB1ｶﾞｯ"_s, true, Back},
         {"half: leading blanks kept, trailing removed", u"txtHinmeiA"_s, P, u"  ab  "_s, u"  ab"_s, true, Click},
@@ -95,8 +87,8 @@ TEST_F(TextFieldTest, WidthRules)
         {"full: emoji", u"txtHinmeiK"_s, P, u"品😀"_s, u"品😀"_s, false, Back},
         {"unit: typed letters become capitals", u"txtUnit"_s, T, u"kg"_s, u"KG"_s, true, Tab},
         {"unit: pasted letters stay as they are", u"txtUnit"_s, P, u"kg"_s, u"kg"_s, true, Tab},
-        // clang-format on
     };
+    // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         enter(c.field);
@@ -111,10 +103,12 @@ TEST_F(TextFieldTest, WidthRules)
 // Text written by code (as a record is shown), then the field entered and left without typing.
 TEST_F(TextFieldTest, TheWriteBackMarksTheRecordChangedOnlyWhenItAltersTheText)
 {
+    // clang-format off
     const struct { QString field, shown, expected; bool accepted; } cases[] = {
         {u"txtHCode"_s, u"ＡＢ－１"_s, u"AB-1"_s, true}, {u"txtHCode"_s, u"AB-1"_s, u"AB-1"_s, true},
         {u"txtHCode"_s, u"品番"_s, u"品番"_s, false},     {u"txtPlaceK"_s, u"ｶﾞｰﾃﾞﾝ"_s, u"ガーデン"_s, true},
     };
+    // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.shown.toStdString());
         text(c.field)->setText(c.shown);
@@ -185,7 +179,8 @@ TEST_F(TextFieldTest, RandomTextInEveryField)
             if (how == Input::InputMethod && spec.input == InputMode::Disabled)
                 how = Input::Paste;
             const QString name = spec.name.toString();
-            SCOPED_TRACE(name.toStdString() + " way " + std::to_string(int(how)) + " input " + typed.toStdString());
+            SCOPED_TRACE(name.toStdString() + " way " + std::to_string(int(how)) + " input " +
+                         typed.toStdString());
             fill(name, typed, how);
 
             // What the check accepts, character by character: a full-width field double-byte characters
