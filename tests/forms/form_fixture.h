@@ -10,10 +10,12 @@
 #include "tests/support/fake_host.h"
 #include "tests/support/scripted_messages.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
 #include <QInputMethodEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTabBar>
 #include <QTest>
@@ -119,6 +121,7 @@ protected:
     void fill(const QString& name, const QString& value, Input how = Input::Type) const
     {
         enter(name);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Delete);
         input(value, how);
         leave();
@@ -129,6 +132,30 @@ protected:
         QWidget* focused = QApplication::focusWidget();
         QWidget* field = form->leave().fieldOf(focused);
         return field ? field : focused;
+    }
+
+    // What the control shows: its text, or "on"/"off" for a check or an option.
+    QString shown(const QString& name) const
+    {
+        if (auto* box = combo(name))
+            return box->currentText();
+        if (auto* label = form->control<QLabel>(name))
+            return label->text();
+        if (auto* button = form->control<QAbstractButton>(name))
+            return button->isChecked() ? u"on"_s : u"off"_s;
+        return text(name)->text();
+    }
+
+    // After leaving `name`: it shows `value` and, refused with the message `refusal`, kept the focus;
+    // or it was left without a word.
+    void expectLeft(const QString& name, const QString& value, QStringView refusal = {},
+                    QStringView title = {})
+    {
+        if (!refusal.isEmpty())
+            expectOneMessage(refusal, title);
+        EXPECT_TRUE(messages.shown.isEmpty());
+        EXPECT_EQ(shown(name), value);
+        EXPECT_EQ(focusedField() == control(name), !refusal.isEmpty()) << "a refused value keeps the focus";
     }
 
     // The only message shown since the last check was `text` with `title`, `icon` and a single OK.

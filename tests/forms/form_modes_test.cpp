@@ -31,7 +31,7 @@ const QStringList OrderFields = {
 
 } // namespace
 
-TEST_F(FormModesTest, OwnCodesListModeOnlyWithMultipleCodesStarAndAList)
+TEST_F(FormModesTest, OwnCodesListModeOnlyWithMultipleCodesStarAndAListAndTheCodeSelectsItsItem)
 {
     const QList<OwnCodeEntry> two = {{u"東京工場"_s, u"0101"_s}, {u"大阪工場"_s, u"0202"_s}};
     // clang-format off
@@ -54,6 +54,16 @@ TEST_F(FormModesTest, OwnCodesListModeOnlyWithMultipleCodesStarAndAList)
         EXPECT_EQ(codes->isEnabled(), c.listMode);
         EXPECT_EQ(codes->currentIndex(), 0);
         EXPECT_EQ(text(u"txtMyCode"_s)->text(), c.code) << "the selected own code follows into txtMyCode";
+        // A code shown selects its company's item by name (an unknown one the company's own), marking
+        // nothing.
+        for (const auto& [code, index] : {std::pair{u"0202"_s, c.listMode ? 2 : 0}, {u"9999"_s, 0}}) {
+            clearFlags();
+            text(u"txtMyCode"_s)->setText(code);
+            EXPECT_EQ(codes->currentIndex(), index);
+            EXPECT_EQ(text(u"txtMyNameFix"_s)->text(), index ? u"大阪工場"_s : u"自社"_s);
+            EXPECT_EQ(text(u"txtMyCode"_s)->text(), code) << "the combo's click stays out while syncing";
+            EXPECT_FALSE(form->bChanged);
+        }
     }
     // The long blank run that hides the code stays out of sight in the open list.
     form->show();

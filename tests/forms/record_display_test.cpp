@@ -10,10 +10,6 @@
 
 #include <tolvinpt/host.h>
 
-#include <QCheckBox>
-#include <QLabel>
-#include <QRadioButton>
-
 using namespace tolvinpt;
 using namespace Qt::StringLiterals;
 using C = tolvinpt::DeliveryColumn;
@@ -59,18 +55,6 @@ protected:
                     ->addItem(customers->At(i)->CustomerName() + u':' + customers->At(i)->CustomerCode());
         }
         ShowDeliveryRecord(*form, temp.db(), *customers, id);
-    }
-
-    // What the control shows: its text, or "on"/"off" for a check or an option.
-    QString shown(const QString& name) const
-    {
-        if (auto* box = combo(name))
-            return box->currentText();
-        if (auto* label = form->control<QLabel>(name))
-            return label->text();
-        if (auto* button = form->control<QAbstractButton>(name))
-            return button->isChecked() ? u"on"_s : u"off"_s;
-        return text(name)->text();
     }
 
     test::TempDatabase temp;
