@@ -136,42 +136,35 @@ TEST_F(Display, IndividualPackagesFillTheListInOrderUpToAHundred)
     EXPECT_EQ(shown(u"txtAmountDelivery"_s), u"101"_s); // the rest of the display ran
 }
 
-TEST_F(Display, PackageFrameFollowsSettingsAndBuyer)
+TEST_F(Display, PackageFrameAndViewOnlyFollowTheSettingsAndTheBuyer)
 {
     // clang-format off
-    const struct { const char* what; bool useBreakdown; long customer; bool hideFrame; bool visible; } cases[] = {
-        {"shown", true, 1, false, true},
-        {"buyer without breakdown", true, 2, false, false},
-        {"buyer hides the frame", true, 1, true, false},
-        {"no breakdown at all leaves the frame as loaded", false, 1, false, false},
+    const struct { const char* what; bool useBreakdown; long customer; bool hideFrame, viewOnly, frameShown; } cases[] = {
+        {"shown", true, 1, false, false, true},
+        {"buyer without breakdown", true, 2, false, false, false},
+        {"buyer hides the frame", true, 1, true, false, false},
+        {"no breakdown at all leaves the frame as loaded", false, 1, false, false, false},
+        {"view only", true, 1, false, true, true},
     };
     // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         host.useQuantityBreakdown = c.useBreakdown;
         host.customers[0].hideQuantityFrame = c.hideFrame;
+        host.viewOnly = c.viewOnly;
         form.reset();
         show(insert({{C::IDCustomer, qint64(c.customer)}, {C::QuantityType, 2}}));
-        EXPECT_EQ(control(u"fraQuantity"_s)->isVisibleTo(form.get()), c.visible);
-    }
-}
-
-TEST_F(Display, ViewOnlyLocksTheSupplierFieldsAndCommands)
-{
-    for (bool viewOnly : {true, false}) {
-        SCOPED_TRACE(viewOnly ? "view only" : "editable");
-        host.viewOnly = viewOnly;
-        form.reset();
-        show(insert({{C::F00002, u"9999"_s}}));
+        EXPECT_EQ(control(u"fraQuantity"_s)->isVisibleTo(form.get()), c.frameShown);
+        // View only locks the supplier's fields and the commands that create, split or change a record.
         for (const QString& name : {u"txtMyHCode"_s, u"txtDate(1)"_s, u"txtDate(2)"_s, u"txtAmountDelivery"_s,
                                     u"txtUnitPrice"_s, u"cobCurrency"_s, u"cobTaxation"_s})
-            EXPECT_TRUE(isLocked(control(name)) == viewOnly && isTabStop(control(name)) != viewOnly)
+            EXPECT_TRUE(isLocked(control(name)) == c.viewOnly && isTabStop(control(name)) != c.viewOnly)
                 << name.toStdString();
-        EXPECT_EQ(control(u"chkTaxType"_s)->isEnabled(), !viewOnly);
+        EXPECT_EQ(control(u"chkTaxType"_s)->isEnabled(), !c.viewOnly);
         for (int position : {1, 8, 9})
-            EXPECT_EQ(form->toolbar1()->isButtonEnabled(position), !viewOnly) << position;
+            EXPECT_EQ(form->toolbar1()->isButtonEnabled(position), !c.viewOnly) << position;
         for (const QString& item : {u"mnuDataNew"_s, u"mnuDataDivide"_s, u"mnuDataDetail"_s})
-            EXPECT_EQ(form->menuItem(item)->isEnabled(), !viewOnly) << item.toStdString();
+            EXPECT_EQ(form->menuItem(item)->isEnabled(), !c.viewOnly) << item.toStdString();
         for (const QString& name : {u"txtOrderNo"_s, u"txtDate(0)"_s})
             EXPECT_FALSE(isTabStop(control(name))) << name.toStdString() << " keeps the order-field lock";
     }

@@ -15,9 +15,6 @@ namespace {
 class TabOrderTest : public FormTest
 {
 protected:
-    // The blank record's delivery quantity 0 disables the package frame; a quantity opens it.
-    void openPackageFrame() const { text(u"txtAmountDelivery"_s)->setText(u"1"_s); }
-
     // What Tab should reach from cobCustomer, in catalogue tab order and wrapping around: focusable
     // controls, not hidden or grey, on the page shown, enabled and a tab stop now; of the options only
     // the selected one.
@@ -59,7 +56,7 @@ protected:
 TEST_F(TabOrderTest, RunsDownTheLeftColumnThenTheRightThenTheShownPage)
 {
     openNew();
-    openPackageFrame();
+    text(u"txtAmountDelivery"_s)->setText(u"1"_s); // a quantity opens the package frame
     // The order the operator sees, stated once in full for the supplier page.
     const QStringList designed = {
         u"txtOrderNo"_s,     u"cmdFind"_s,           u"txtPaymentKeyNo"_s,   u"txtTantoA"_s,

@@ -44,11 +44,6 @@ protected:
     static bool isFullWidth(const ControlSpec& s) { return s.input == InputMode::Hiragana; }
 };
 
-QString times(int count, QStringView text)
-{
-    return text.toString().repeated(count);
-}
-
 } // namespace
 
 TEST_F(TextFieldTest, WidthRules)
@@ -67,7 +62,7 @@ TEST_F(TextFieldTest, WidthRules)
         {"half: kanji before a trailing ideographic blank", u"txtHinmeiA"_s, P, u"品　"_s, u"品 "_s, true, Tab},
         {"half: kanji; the katakana are narrowed all the same", u"txtHinmeiA"_s, I, u"品ガ"_s, u"品ｶﾞ"_s, false, Click},
         {"half: emoji is one substitute byte", u"txtHinmeiA"_s, P, u"A😀"_s, u"A😀"_s, true, Tab},
-        {"half: narrowing doubles the text past the limit", u"txtHinmeiA"_s, P, times(30, u"ガ"), times(30, u"ｶﾞ"), true, Tab},
+        {"half: narrowing doubles the text past the limit", u"txtHinmeiA"_s, P, QString(30, u'ガ'), u"ｶﾞ"_s.repeated(30), true, Tab},
         {"full: ASCII widens, the blank too; base and mark join", u"txtHinmeiK"_s, T, u"ab 1ｶﾞ"_s, u"ａｂ　１ガ"_s, true, Click},
         {"full: kanji and hiragana stay", u"txtHinmeiK"_s, I, u"品名ひらがな"_s, u"品名ひらがな"_s, true, Tab},
         {"full: leading blank widened, trailing removed", u"txtHinmeiK"_s, T, u" 品  "_s, u"　品"_s, true, Tab},
@@ -110,9 +105,9 @@ TEST_F(TextFieldTest, TheWriteBackMarksTheRecordChangedOnlyWhenItAltersTheText)
 
 TEST_F(TextFieldTest, ATextLengthenedPastTheLimitStaysWholeAndTypingCannotGrowIt)
 {
-    fill(u"txtHinmeiA"_s, times(30, u"パ"), Input::Paste);
+    fill(u"txtHinmeiA"_s, QString(30, u'パ'), Input::Paste);
     QLineEdit* box = text(u"txtHinmeiA"_s);
-    ASSERT_EQ(box->text(), times(30, u"ﾊﾟ"));
+    ASSERT_EQ(box->text(), u"ﾊﾟ"_s.repeated(30));
 
     enter(u"txtHinmeiA"_s);
     QTest::keyClick(box, Qt::Key_End);
@@ -125,8 +120,8 @@ TEST_F(TextFieldTest, ATextLengthenedPastTheLimitStaysWholeAndTypingCannotGrowIt
     input(u"X"_s);
     EXPECT_EQ(box->text().size(), 58) << "deleting makes no room beyond the limit";
     QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
-    input(times(31, u"Y"));
-    EXPECT_EQ(box->text(), times(30, u"Y")) << "once the text fits, the limit is back";
+    input(QString(31, u'Y'));
+    EXPECT_EQ(box->text(), QString(30, u'Y')) << "once the text fits, the limit is back";
     EXPECT_EQ(box->maxLength(), 30);
 }
 
