@@ -44,6 +44,7 @@ TEST_F(DateRulesTest, TheDateJustEnteredWinsOverTheOtherOfShipAndDelivery)
         {2, u"20050305"_s, u"20050305"_s, u"20050305"_s}, // the same day is in order
         {1, u"20050301"_s, u"20050305"_s, u"20050305"_s},
         {1, u"20050310"_s, u""_s, u""_s},
+        {2, u"20050310"_s, u"abc"_s, u"abc"_s},           // nothing to compare with
         {0, u"20050310"_s, u"20050301"_s, u"20050301"_s}, // the due date is never compared
     };
     // clang-format on

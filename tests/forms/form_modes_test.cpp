@@ -80,6 +80,8 @@ TEST_F(FormModesTest, LoadShowsBrowseModeAndNewStartNewRecordMode)
         EXPECT_EQ(control(u"fraQuantity"_s)->isHidden(), !breakdown);
     }
     EXPECT_EQ(form->lngResult, 7);
+    EXPECT_EQ(QFontInfo(control(u"txtHinmeiK"_s)->font()).family(), u"Noto Sans CJK JP"_s);
+    EXPECT_DOUBLE_EQ(form->font().pointSizeF(), 9.75);
     EXPECT_FALSE(form->toolbar1()->isButtonEnabled(4)) << "戻る";
     EXPECT_FALSE(control(u"fraQuantity"_s)->isEnabled()) << "the blank record has nothing to pack";
     const QColor open = QApplication::palette().color(QPalette::Base);
