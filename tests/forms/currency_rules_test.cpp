@@ -1,213 +1,100 @@
-// Currency code completion, name following and the check on leaving; the company choices.
-#include "rules_fixture.h"
-
-#include <QLineEdit>
+// Currency code completion, name following and the check on leaving.
+#include "form_fixture.h"
 
 using namespace tolvinpt;
 using namespace tolvinpt::test;
-using namespace Qt::StringLiterals;
 
 namespace {
 
 const QString Other = u"その他"_s;
 
-class CurrencyTest : public RulesTest
+class CurrencyTest : public EntryTest
 {
 protected:
     QComboBox* currency() const { return combo(u"cobCurrency"_s); }
-    QLineEdit* edit() const { return currency()->lineEdit(); }
     QString name() const { return combo(u"cobCurrencyName"_s)->currentText(); }
-    void leave() const { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab); }
 };
 
 } // namespace
 
 TEST_F(CurrencyTest, TypingCompletesAListedCode)
 {
-    struct Case
-    {
-        QString keys; // typed after the whole text was deleted
-        QString text;
-        QString selected;
-        int index;
-        QString name;
-    };
-    const Case cases[] = {
+    // clang-format off
+    const struct { QString keys /* typed over the whole text */, text, selected; int index; QString name; } cases[] = {
         {u"u"_s, u"USD"_s, u"SD"_s, 1, u"米 ﾄﾞﾙ"_s},
-        {u"us"_s, u"USD"_s, u"D"_s, 1, u"米 ﾄﾞﾙ"_s},
         {u"hk"_s, u"HKD"_s, u"D"_s, 8, u"香港 ﾄﾞﾙ"_s},
-        {u"s"_s, u"SGD"_s, u"GD"_s, 9, u"ｼﾝｶﾞﾎﾟｰﾙ ﾄﾞﾙ"_s},
+        {u"s"_s, u"SGD"_s, u"GD"_s, 9, u"ｼﾝｶﾞﾎﾟｰﾙ ﾄﾞﾙ"_s}, // the code starts with it, not only contains it
         {u"au"_s, u"AU"_s, u""_s, -1, Other},
-        {u"uk"_s, u"UK"_s, u""_s, -1, Other},
         {u"usd"_s, u"USD"_s, u""_s, 1, u"米 ﾄﾞﾙ"_s},
         {u"u\b"_s, u"USD"_s, u"SD"_s, 1, u"米 ﾄﾞﾙ"_s}, // backspace removes the completion, which returns
-        {u""_s, u""_s, u""_s, -1, Other},
     };
+    // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.keys.toStdString());
         enter(u"cobCurrency"_s);
-        EXPECT_EQ(edit()->selectedText(), currency()->currentText()) << "entering selects the whole code";
+        EXPECT_EQ(currency()->lineEdit()->selectedText(), currency()->currentText())
+            << "entering selects it all";
         clearFlags();
-        QTest::keyClick(edit(), Qt::Key_Delete);
-        type(c.keys);
+        input(c.keys);
         EXPECT_EQ(currency()->currentText(), c.text);
-        EXPECT_EQ(edit()->selectedText(), c.selected);
+        EXPECT_EQ(currency()->lineEdit()->selectedText(), c.selected);
         EXPECT_EQ(currency()->currentIndex(), c.index);
         EXPECT_EQ(name(), c.name);
         EXPECT_TRUE(form->bChanged);
         EXPECT_EQ(form->CurrencyPrefixLength, 0);
         EXPECT_EQ(messages.beeps, 0) << "no key is refused";
         leave();
-        EXPECT_EQ(focusedField(), control(u"cobTaxation"_s));
-        EXPECT_TRUE(messages.shown.isEmpty());
+        expectLeft(u"cobCurrency"_s, c.text);
     }
+    // A stored code outside the list shows "その他" while the combo still holds the item it started
+    // like (USD here): completing that same item names it again.
+    combo(u"cobCurrencyName"_s)->setCurrentIndex(11);
+    enter(u"cobCurrency"_s);
+    input(u"u"_s);
+    EXPECT_EQ(name(), u"米 ﾄﾞﾙ"_s);
 }
 
 TEST_F(CurrencyTest, LeavingChecksTheCode)
 {
-    struct Case
-    {
-        QString pasted;
-        QString textAfter; // the refused text stays
-        QString name;
-        bool refused;
-    };
-    const Case cases[] = {
-        {u""_s, u"JPY"_s, u"日本 円"_s, false},     {u"   "_s, u"JPY"_s, u"日本 円"_s, false},
-        {u" AU "_s, u" AU "_s, Other, false},       {u"米"_s, u"米"_s, Other, false},
-        {u"A米"_s, u"A米"_s, Other, false},         {u"ABCD"_s, u"ABCD"_s, Other, true},
-        {u"米ﾄﾞ"_s, u"米ﾄﾞ"_s, Other, true},        {u"米国"_s, u"米国"_s, Other, true},
+    // clang-format off
+    const struct { QString pasted, textAfter /* a refused text stays */, name; bool refused; } cases[] = {
+        {u""_s, u"JPY"_s, u"日本 円"_s, false}, {u"   "_s, u"JPY"_s, u"日本 円"_s, false},
+        {u" AU "_s, u" AU "_s, Other, false},   {u"米"_s, u"米"_s, Other, false},
+        {u"ABCD"_s, u"ABCD"_s, Other, true},    {u"米国"_s, u"米国"_s, Other, true},
         {u"gbp"_s, u"GBP"_s, u"英 ﾎﾟﾝﾄﾞ"_s, false},
     };
+    // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.pasted.toStdString());
-        enter(u"cobCurrency"_s);
-        QTest::keyClick(edit(), Qt::Key_Delete);
-        paste(c.pasted);
-        leave();
-        EXPECT_EQ(currency()->currentText(), c.textAfter);
+        fill(u"cobCurrency"_s, c.pasted, Input::Paste);
+        expectLeft(u"cobCurrency"_s, c.textAfter,
+                   c.refused ? u"通貨 ｺｰﾄﾞ には、半角 3 文字まで入力可能です" : u"", u"通貨ｺｰﾄﾞ ﾁｪｯｸ...");
         EXPECT_EQ(name(), c.name);
-        if (c.refused) {
-            expectOneMessage(u"通貨 ｺｰﾄﾞ には、半角 3 文字まで入力可能です", u"通貨ｺｰﾄﾞ ﾁｪｯｸ...");
-            EXPECT_EQ(focusedField(), control(u"cobCurrency"_s));
-            currency()->setCurrentIndex(0);
-            leave();
-        }
-        EXPECT_TRUE(messages.shown.isEmpty());
-        EXPECT_EQ(focusedField(), control(u"cobTaxation"_s));
     }
 }
 
 TEST_F(CurrencyTest, SwitchingToYenChecksTheUnitPriceFirst)
 {
-    const std::tuple<QString, QString, bool> cases[] = {
-        {u"12345678901.5"_s, u"12345678901.5"_s, true},
-        {u"12.3456"_s, u"12.346"_s, false},
-    };
-    for (const auto& [price, priceAfter, refused] : cases) {
+    for (const auto& [price, priceAfter, refused] :
+         {std::tuple{u"12345678901.5"_s, u"12345678901.5"_s, true}, {u"12.3456"_s, u"12.346"_s, false}}) {
         SCOPED_TRACE(price.toStdString());
         currency()->setCurrentIndex(1);
         text(u"txtUnitPrice"_s)->setText(price);
-        enter(u"cobCurrency"_s);
-        type(u"j"_s);
-        leave();
+        fill(u"cobCurrency"_s, u"j"_s);
         EXPECT_EQ(text(u"txtUnitPrice"_s)->text(), priceAfter);
         if (refused) {
             ASSERT_EQ(messages.shown.size(), 2);
-            EXPECT_EQ(messages.shown.front().text, u"単価の最大値は 999,999,999.999 です"_s);
-            messages.shown.removeFirst();
+            EXPECT_EQ(messages.shown.takeFirst().text, u"単価の最大値は 999,999,999.999 です"_s);
             expectOneMessage(
                 u"通貨を「日本円」に変更する場合は、\r\n単価を変更してから、通貨ｺｰﾄﾞを指定してください",
                 u"通貨ｺｰﾄﾞ & 単価 ﾁｪｯｸ...", QMessageBox::Information);
             EXPECT_EQ(focusedField(), control(u"cobCurrency"_s));
             EXPECT_EQ(currency()->currentText(), u"JPY"_s);
-            edit()->selectAll();
-            type(u"u"_s);
+            currency()->lineEdit()->selectAll();
+            input(u"u"_s);
             leave();
         }
         EXPECT_TRUE(messages.shown.isEmpty());
         EXPECT_EQ(focusedField(), control(u"cobTaxation"_s));
     }
-}
-
-TEST_F(CurrencyTest, CodeWrittenIntoTheTextIsLookedUpUnlessNotSeek)
-{
-    struct Case
-    {
-        QString written;
-        bool notSeek;
-        QString text;
-        QString name;
-    };
-    const Case cases[] = {
-        {u"GBP"_s, false, u"GBP"_s, u"英 ﾎﾟﾝﾄﾞ"_s},
-        {u"XYZ"_s, false, u"XYZ"_s, Other},
-        {u"US"_s, false, u"USD"_s, u"米 ﾄﾞﾙ"_s},
-        {u"US"_s, true, u"US"_s, u"日本 円"_s},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.written.toStdString());
-        currency()->setCurrentIndex(0);
-        clearFlags();
-        form->NotSeek = c.notSeek;
-        edit()->selectAll();
-        edit()->insert(c.written);
-        form->NotSeek = false;
-        EXPECT_EQ(currency()->currentText(), c.text);
-        EXPECT_EQ(name(), c.name);
-        EXPECT_TRUE(form->bChanged);
-    }
-    // A stored code outside the list shows "その他" while the combo still holds its last item:
-    // completing that same item names it again.
-    combo(u"cobCurrencyName"_s)->setCurrentIndex(11);
-    enter(u"cobCurrency"_s);
-    type(u"j"_s);
-    EXPECT_EQ(currency()->currentText(), u"JPY"_s);
-    EXPECT_EQ(name(), u"日本 円"_s);
-}
-
-TEST_F(RulesTest, ChoosingACustomerShowsItsCode)
-{
-    const QString filler(100, u' ');
-    combo(u"cobCustomer"_s)
-        ->addItems({u"得意先A"_s + filler + u":12345"_s, u"得:意:先B"_s + filler + u":00678"_s});
-    for (const auto& [index, code] : {std::pair{1, u"00678"_s}, std::pair{0, u"12345"_s}}) {
-        clearFlags();
-        combo(u"cobCustomer"_s)->setCurrentIndex(index);
-        EXPECT_EQ(text(u"txtCustomCode"_s)->text(), code);
-        EXPECT_TRUE(form->bChanged);
-    }
-}
-
-TEST_F(RulesTest, TheOwnCodeSelectsItsCompanyItem)
-{
-    struct Case
-    {
-        bool listMode;
-        QString code;
-        int index;
-        QString name;
-    };
-    const Case cases[] = {
-        {true, u"0202"_s, 2, u"大阪工場"_s}, {true, u"0101"_s, 1, u"東京工場"_s},
-        {true, u"9999"_s, 0, u"自社"_s},     {true, u""_s, 0, u"自社"_s},
-        {false, u"0202"_s, 0, u"自社"_s},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.code.toStdString());
-        host.multipleOwnCodes = c.listMode;
-        load();
-        text(u"txtMyCode"_s)->setText(u"x"_s);
-        clearFlags();
-        text(u"txtMyCode"_s)->setText(c.code);
-        EXPECT_EQ(combo(u"cobMyCodes"_s)->currentIndex(), c.index);
-        EXPECT_EQ(text(u"txtMyNameFix"_s)->text(), c.name);
-        EXPECT_EQ(text(u"txtMyCode"_s)->text(), c.code) << "the combo's click stays out while syncing";
-        EXPECT_FALSE(form->bChanged);
-    }
-    host.multipleOwnCodes = true;
-    load();
-    combo(u"cobMyCodes"_s)->setCurrentIndex(2);
-    EXPECT_EQ(text(u"txtMyCode"_s)->text(), u"0202"_s);
-    EXPECT_EQ(combo(u"cobMyCodes"_s)->currentIndex(), 2);
 }

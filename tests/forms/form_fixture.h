@@ -1,18 +1,42 @@
 #pragma once
 
-#include "component/host_registry.h"
-#include "forms/frmData/frmData.h"
-#include "tests/support/fake_host.h"
+// The entry form over fake company settings, and input as the operator gives it: clicks through the
+// window, typed keys, pastes, input-method text, Tab, Shift+Tab.
 
+#include "component/host_registry.h"
+#include "forms/frmData/catalogue.h"
+#include "forms/frmData/frmData.h"
+#include "platform/validate_on_leave.h"
+#include "tests/support/fake_host.h"
+#include "tests/support/scripted_messages.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QInputMethodEvent>
+#include <QLabel>
 #include <QLineEdit>
+#include <QTabBar>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <ostream>
+
+inline void PrintTo(const QString& s, std::ostream* os)
+{
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace tolvinpt::test {
 
-// A loaded entry form over fake company settings; edit `host` and call load() again for other settings.
+using namespace Qt::StringLiterals;
+
+enum class Input { Type, Paste, InputMethod };
+enum class Leave { Tab, BackTab, Click };
+
 class FormTest : public testing::Test
 {
 protected:
@@ -23,6 +47,7 @@ protected:
         RegisterHostObjects(nullptr);
     }
 
+    // Builds the form anew over the current `host` settings.
     frmData& load()
     {
         form.reset();
@@ -30,14 +55,136 @@ protected:
         form = std::make_unique<frmData>(*company);
         return *form;
     }
+    // New-record mode, shown and active, ready for the operator.
+    void openNew()
+    {
+        load();
+        form->gNewStart();
+        form->show();
+        form->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+    }
 
     QWidget* control(const QString& name) const { return form->control(name); }
     QLineEdit* text(const QString& name) const { return form->control<QLineEdit>(name); }
+    QComboBox* combo(const QString& name) const { return form->control<QComboBox>(name); }
     void clearFlags() const { form->bChanged = form->bChangedAmount = form->bChangedQTY = false; }
+
+    // A click as the window system delivers it: through the window, at the centre of `target`.
+    void click(QWidget* target) const
+    {
+        QTest::mouseClick(form->windowHandle(), Qt::LeftButton, {},
+                          target->mapTo(form.get(), target->rect().center()));
+    }
+    // Brings the field's information page to the front, then clicks into the field.
+    void enter(const QString& name) const
+    {
+        QWidget* field = control(name);
+        const auto tabs = frmdata::infoTabs();
+        for (qsizetype i = 0; i < qsizetype(tabs.size()); ++i)
+            if (control(tabs[i].page.toString())->isAncestorOf(field))
+                form->control<QTabBar>(u"TabStrip1"_s)->setCurrentIndex(int(i));
+        auto* box = qobject_cast<QComboBox*>(field);
+        click(box ? box->lineEdit() : field);
+        ASSERT_EQ(focusedField(), field) << "entering " << name.toStdString();
+    }
+    // Into the focus widget; typed characters one key each, so that key rules see every one.
+    static void input(const QString& text, Input how = Input::Type)
+    {
+        QWidget* box = QApplication::focusWidget();
+        if (how == Input::Paste) {
+            QApplication::clipboard()->setText(text);
+            QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
+        } else if (how == Input::InputMethod) {
+            QInputMethodEvent composing(text, {}), committed;
+            committed.setCommitString(text);
+            QApplication::sendEvent(box, &composing);
+            QApplication::sendEvent(box, &committed);
+        } else {
+            for (const char32_t c : text.toUcs4())
+                QTest::sendKeyEvent(QTest::Click, box,
+                                    c < 0x80 ? QTest::asciiToKey(char(c)) : Qt::Key_unknown,
+                                    QString::fromUcs4(&c, 1), Qt::NoModifier);
+        }
+    }
+    // Leaves the focused field; a click goes to txtMyHCode (txtHCode from there), open and empty here.
+    void leave(Leave how = Leave::Tab) const
+    {
+        QWidget* box = QApplication::focusWidget();
+        if (how == Leave::Click)
+            click(control(box->objectName() == u"txtMyHCode"_s ? u"txtHCode"_s : u"txtMyHCode"_s));
+        else
+            QTest::keyClick(box, how == Leave::Tab ? Qt::Key_Tab : Qt::Key_Backtab,
+                            how == Leave::Tab ? Qt::NoModifier : Qt::ShiftModifier);
+    }
+    // Enters the field, replaces its text and leaves it by Tab.
+    void fill(const QString& name, const QString& value, Input how = Input::Type) const
+    {
+        enter(name);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Delete);
+        input(value, how);
+        leave();
+    }
+    // The field that has the focus: a registered field as a whole, or the focus widget itself.
+    QWidget* focusedField() const
+    {
+        QWidget* focused = QApplication::focusWidget();
+        QWidget* field = form->leave().fieldOf(focused);
+        return field ? field : focused;
+    }
+
+    // What the control shows: its text, or "on"/"off" for a check or an option.
+    QString shown(const QString& name) const
+    {
+        if (auto* box = combo(name))
+            return box->currentText();
+        if (auto* label = form->control<QLabel>(name))
+            return label->text();
+        if (auto* button = form->control<QAbstractButton>(name))
+            return button->isChecked() ? u"on"_s : u"off"_s;
+        return text(name)->text();
+    }
+
+    // After leaving `name`: it shows `value` and, refused with the message `refusal`, kept the focus;
+    // or it was left without a word.
+    void expectLeft(const QString& name, const QString& value, QStringView refusal = {},
+                    QStringView title = {})
+    {
+        if (!refusal.isEmpty())
+            expectOneMessage(refusal, title);
+        EXPECT_TRUE(messages.shown.isEmpty());
+        EXPECT_EQ(shown(name), value);
+        EXPECT_EQ(focusedField() == control(name), !refusal.isEmpty()) << "a refused value keeps the focus";
+    }
+
+    // The only message shown since the last check was `text` with `title`, `icon` and a single OK.
+    void expectOneMessage(QStringView text, QStringView title, QMessageBox::Icon icon = QMessageBox::Warning)
+    {
+        ASSERT_EQ(messages.shown.size(), 1);
+        const Message& m = messages.shown.front();
+        EXPECT_EQ(m.text, text.toString());
+        EXPECT_EQ(m.title, title.toString());
+        EXPECT_EQ(m.icon, icon);
+        EXPECT_EQ(m.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
+        messages.shown.clear();
+    }
 
     FakeHostData host;
     std::shared_ptr<CompanySettings> company;
     std::unique_ptr<frmData> form;
+    ScriptedMessages messages;
+};
+
+// The form in new-record mode, shown and active.
+class EntryTest : public FormTest
+{
+protected:
+    void SetUp() override
+    {
+        FormTest::SetUp();
+        openNew();
+    }
 };
 
 } // namespace tolvinpt::test

@@ -1,22 +1,17 @@
 // Record display: stored records, Null and unreadable columns, through the widgets the operator sees.
+#include "form_fixture.h"
+
 #include "forms/frmData/record_display.h"
 #include "forms/keyed_toolbar.h"
+#include "platform/field_state.h"
 #include "store/delivery_writes.h"
 #include "store/package_quantities.h"
-#include "tests/forms/form_fixture.h"
-#include "platform/field_state.h"
 #include "tests/support/temp_database.h"
 
 #include <tolvinpt/host.h>
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QGroupBox>
-#include <QLabel>
-#include <QRadioButton>
-
-using namespace Qt::StringLiterals;
 using namespace tolvinpt;
+using namespace Qt::StringLiterals;
 using C = tolvinpt::DeliveryColumn;
 
 namespace {
@@ -30,19 +25,16 @@ protected:
     {
         FormTest::SetUp();
         host.connectionName = temp.connectionName();
-        host.customers = {customer(1, u"1234"_s), customer(2, u"5678"_s)};
+        for (long id : {1, 2}) {
+            test::FakeCustomerData& c = host.customers.emplace_back();
+            c.id = id;
+            c.code = QString::number(id * 1111);
+            c.name = u"得意先"_s + c.code;
+        }
         host.customers[1].noQuantityBreakdown = true;
     }
 
-    static test::FakeCustomerData customer(long id, const QString& code)
-    {
-        test::FakeCustomerData c;
-        c.id = id;
-        c.code = code;
-        c.name = u"得意先"_s + code;
-        return c;
-    }
-
+    // Stores a record of customer 1 with `columns`.
     qint64 insert(const Columns& columns)
     {
         DeliveryRecord record;
@@ -52,192 +44,129 @@ protected:
         return insertDeliveryRecord(temp.db(), record);
     }
 
-    // Loads a form with the customers and shows record `id` on it.
-    frmData& show(qint64 id)
+    // Shows record `id`, on a form loaded with the customers unless one is loaded.
+    void show(qint64 id)
     {
-        frmData& f = load();
-        customers = hostObjects().CreateCustomerList();
-        for (int i = 0; i < customers->Count(); ++i)
-            f.control<QComboBox>(u"cobCustomer"_s)->addItem(customers->At(i)->CustomerName() + u':' +
-                                                            customers->At(i)->CustomerCode());
-        ShowDeliveryRecord(f, temp.db(), *customers, id);
-        return f;
-    }
-
-    QString shown(const QString& name) const
-    {
-        if (auto* combo = form->control<QComboBox>(name))
-            return combo->currentText();
-        if (auto* label = form->control<QLabel>(name))
-            return label->text();
-        return text(name)->text();
+        if (!form) {
+            load();
+            customers = hostObjects().CreateCustomerList();
+            for (int i = 0; i < customers->Count(); ++i)
+                combo(u"cobCustomer"_s)
+                    ->addItem(customers->At(i)->CustomerName() + u':' + customers->At(i)->CustomerCode());
+        }
+        ShowDeliveryRecord(*form, temp.db(), *customers, id);
     }
 
     test::TempDatabase temp;
     std::shared_ptr<CustomerList> customers;
 };
 
-struct Case
-{
-    const char* what;
-    Columns columns;
-    std::vector<std::pair<QString, QString>> expected; // control → what it shows
-};
-
 TEST_F(Display, ShowsEachColumnAsTheOperatorSeesIt)
 {
-    const Case cases[] = {
-        {"order awaiting instruction", {{C::F00002, u"0502"_s}, {C::F00030, u"2"_s}},
-         {{u"lblInfo"_s, u"[注文情報 納入指示待ち]"_s}}},
+    // clang-format off
+    const struct { const char* what; Columns columns; std::vector<std::pair<QString, QString>> shows; } cases[] = {
+        {"order awaiting instruction", {{C::F00002, u"0502"_s}, {C::F00030, u"2"_s}}, {{u"lblInfo"_s, u"[注文情報 納入指示待ち]"_s}}},
         {"order info", {{C::F00002, u"0502"_s}, {C::F00030, u"1"_s}}, {{u"lblInfo"_s, u"[注文情報]"_s}}},
         {"2E", {{C::F00002, u"9990"_s}}, {{u"lblInfo"_s, u"[納品情報(2E)]"_s}}},
         {"codes are exact text", {{C::F00002, u"999g"_s}}, {{u"lblInfo"_s, u"[手入力]"_s}}},
-        {"blank currency is yen",
-         {{C::F00281, u"   "_s}, {C::F00013, 12.5}, {C::F00282, u"7"_s}},
+        {"blank currency is yen", {{C::F00281, u"   "_s}, {C::F00013, 12.5}, {C::F00282, u"7"_s}},
          {{u"cobCurrency"_s, u"JPY"_s}, {u"txtUnitPrice"_s, u"12.5"_s}, {u"cobTaxation"_s, u"1-課税"_s}}},
-        {"foreign price keeps five decimals",
-         {{C::F00281, u"USD"_s}, {C::F00282, u"1234.56789"_s}, {C::F00013, 99.0}},
+        {"foreign price keeps five decimals", {{C::F00281, u"USD"_s}, {C::F00282, u"1234.56789"_s}, {C::F00013, 99.0}},
          {{u"cobCurrency"_s, u"USD"_s}, {u"txtUnitPrice"_s, u"1234.56789"_s}, {u"cobTaxation"_s, u"2-非課税"_s}}},
-        {"unlisted currency", {{C::F00281, u"XYZ"_s}},
-         {{u"cobCurrency"_s, u"XYZ"_s}, {u"cobCurrencyName"_s, u"その他"_s}}},
-        {"Null currency is yen but not taxable", {{C::F00059, QVariant()}},
-         {{u"cobCurrency"_s, u"JPY"_s}, {u"cobTaxation"_s, u"2-非課税"_s}}},
+        {"unlisted currency", {{C::F00281, u"XYZ"_s}}, {{u"cobCurrency"_s, u"XYZ"_s}, {u"cobCurrencyName"_s, u"その他"_s}}},
+        {"a currency that starts like a listed one", {{C::F00281, u"US"_s}}, {{u"cobCurrency"_s, u"US"_s}, {u"cobCurrencyName"_s, u"その他"_s}}},
+        {"Null currency is yen but not taxable", {{C::F00059, QVariant()}}, {{u"cobCurrency"_s, u"JPY"_s}, {u"cobTaxation"_s, u"2-非課税"_s}}},
         {"stored taxation", {{C::F00059, u"4"_s}, {C::F00281, u""_s}}, {{u"cobTaxation"_s, u"4-経過措置"_s}}},
-        {"dates as eight digits", {{C::F00039, QDate(2005, 3, 7)}, {C::F00040, QVariant()}},
-         {{u"txtDate(1)"_s, u"20050307"_s}, {u"txtDate(2)"_s, u""_s}}},
+        {"dates as eight digits", {{C::F00039, QDate(2005, 3, 7)}, {C::F00040, QVariant()}}, {{u"txtDate(1)"_s, u"20050307"_s}, {u"txtDate(2)"_s, u""_s}}},
         {"plain quantities", {{C::F00015, 1500.0}, {C::F00032, 2.5}, {C::F00036, 0.001}},
          {{u"txtAmountOrder"_s, u"1500"_s}, {u"txtAmountIndicate"_s, u"2.5"_s}, {u"txtAmountDelivery"_s, u"0.001"_s}}},
-        {"Null delivery quantity, single package", {{C::F00036, QVariant()}, {C::QuantityType, 1}},
-         {{u"txtAmountDelivery"_s, u"0"_s}, {u"txtQuantity"_s, u"0"_s}}},
-        {"single package shows the delivery quantity", {{C::F00036, 40.0}, {C::Quantity, u"7"_s}},
-         {{u"txtQuantity"_s, u"40"_s}}},
-        {"equal split shows the stored size", {{C::F00036, 40.0}, {C::QuantityType, 2}, {C::Quantity, u"8"_s}},
-         {{u"txtQuantity"_s, u"8"_s}}},
+        {"Null delivery quantity, single package", {{C::F00036, QVariant()}, {C::QuantityType, 1}}, {{u"txtAmountDelivery"_s, u"0"_s}, {u"txtQuantity"_s, u"0"_s}}},
+        {"single package shows the delivery quantity", {{C::F00036, 40.0}, {C::Quantity, u"7"_s}}, {{u"txtQuantity"_s, u"40"_s}}},
+        {"equal split shows the stored size", {{C::F00036, 40.0}, {C::QuantityType, 2}, {C::Quantity, u"8"_s}}, {{u"txtQuantity"_s, u"8"_s}, {u"optQuantity(2)"_s, u"on"_s}}},
         {"texts as stored", {{C::F00007, u"ORD-1"_s}, {C::F00262, u"ボルト"_s}, {C::F00161, u"BAR"_s}},
          {{u"txtOrderNo"_s, u"ORD-1"_s}, {u"txtHinmeiK"_s, u"ボルト"_s}, {u"txtCustomBar"_s, u"BAR"_s}}},
         {"a stored text longer than its field shows whole", {{C::F00012, u"KGSX"_s}}, {{u"txtUnit"_s, u"KGSX"_s}}},
-        {"buyer chosen by code", {{C::F00004, u"5678"_s}},
-         {{u"cobCustomer"_s, u"得意先5678:5678"_s}, {u"txtCustomCode"_s, u"5678"_s}}},
-        {"unreadable number and mode fall back",
-         {{C::F00015, u"abc"_s}, {C::QuantityType, u"x"_s}, {C::F00036, 3.0}},
+        {"buyer chosen by code", {{C::F00004, u"2222"_s}}, {{u"cobCustomer"_s, u"得意先2222:2222"_s}, {u"txtCustomCode"_s, u"2222"_s}}},
+        {"unreadable number and mode fall back", {{C::F00015, u"abc"_s}, {C::QuantityType, u"x"_s}, {C::F00036, 3.0}},
          {{u"txtAmountOrder"_s, u"0"_s}, {u"txtQuantity"_s, u"3"_s}}},
+        {"tax included for 1", {{C::F00057, 1}}, {{u"chkTaxType"_s, u"on"_s}}},
+        {"tax not included for 2", {{C::F00057, 2}}, {{u"chkTaxType"_s, u"off"_s}}},
+        {"tax not included for Null", {{C::F00057, QVariant()}}, {{u"chkTaxType"_s, u"off"_s}}},
+        // After all the others on the same form: the record shown before is cleared.
+        {"Null in every column shows the cleared form", {{C::IDCustomer, QVariant()}},
+         {{u"txtAmountOrder"_s, u"0"_s}, {u"txtUnitPrice"_s, u"0"_s}, {u"txtQuantity"_s, u"0"_s}, {u"txtOrderNo"_s, u""_s},
+          {u"txtHinmeiK"_s, u""_s}, {u"txtCustomBar"_s, u""_s}, {u"txtUnit"_s, u""_s}, {u"txtDate(1)"_s, u""_s},
+          {u"lblInfo"_s, u"[手入力]"_s}, {u"optQuantity(1)"_s, u"on"_s}}},
     };
-    for (const Case& c : cases) {
+    // clang-format on
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
-        show(insert(c.columns));
-        for (const auto& [control, expected] : c.expected)
+        const qint64 id = insert(c.columns);
+        show(id);
+        EXPECT_EQ(shown(u"txtIDData"_s), QString::number(id));
+        for (const auto& [control, expected] : c.shows)
             EXPECT_EQ(shown(control), expected) << control.toStdString();
-        EXPECT_FALSE(form->bChanged);
-        EXPECT_FALSE(form->bChangedQTY);
+        EXPECT_FALSE(form->bChanged || form->bChangedQTY);
     }
-}
-
-TEST_F(Display, TaxIncludedOnlyForOne)
-{
-    for (const auto& [stored, ticked] : {std::pair{QVariant(1), true}, {QVariant(0), false}, {QVariant(2), false},
-                                         {QVariant(), false}}) {
-        show(insert({{C::F00057, stored}}));
-        EXPECT_EQ(form->control<QCheckBox>(u"chkTaxType"_s)->isChecked(), ticked) << stored.toString().toStdString();
-    }
-}
-
-TEST_F(Display, NullInEveryColumnShowsTheClearedForm)
-{
-    DeliveryRecord blank;
-    const qint64 id = insertDeliveryRecord(temp.db(), blank);
-    show(id);
-    EXPECT_EQ(shown(u"txtIDData"_s), QString::number(id));
-    for (const char* name : {"txtAmountOrder", "txtAmountIndicate", "txtAmountDelivery", "txtUnitPrice", "txtQuantity"})
-        EXPECT_EQ(shown(QString::fromLatin1(name)), u"0"_s) << name;
-    for (const char* name : {"txtOrderNo", "txtDate(0)", "txtUnit", "txtMyRemarksK"})
-        EXPECT_EQ(shown(QString::fromLatin1(name)), u""_s) << name;
-    EXPECT_EQ(shown(u"lblInfo"_s), u"[手入力]"_s);
-    EXPECT_EQ(shown(u"cobCurrency"_s), u"JPY"_s);
-    EXPECT_TRUE(form->control<QRadioButton>(u"optQuantity(1)"_s)->isChecked());
-}
-
-TEST_F(Display, AMissingRecordLeavesTheFormButClearsTheFlags)
-{
-    frmData& f = show(insert({{C::F00007, u"KEEP"_s}}));
+    // A missing record leaves the form as it is, but clears the flags.
     text(u"txtOrderNo"_s)->setText(u"EDITED"_s);
-    f.bChangedQTY = true;
-    ShowDeliveryRecord(f, temp.db(), *customers, 999);
+    form->bChangedQTY = true;
+    ShowDeliveryRecord(*form, temp.db(), *customers, 999);
     EXPECT_EQ(shown(u"txtOrderNo"_s), u"EDITED"_s);
-    EXPECT_FALSE(f.bChanged);
-    EXPECT_FALSE(f.bChangedQTY);
+    EXPECT_FALSE(form->bChanged || form->bChangedQTY);
 }
 
-TEST_F(Display, IndividualPackagesFillTheListInOrder)
+TEST_F(Display, IndividualPackagesFillTheListInOrderUpToAHundred)
 {
-    const qint64 id = insert({{C::QuantityType, 3}, {C::F00036, 6.0}, {C::Quantity, u"1"_s}});
+    qint64 id = insert({{C::QuantityType, 3}, {C::F00036, 6.0}, {C::Quantity, u"1"_s}});
     for (const auto& [sequence, quantity] : {std::pair{9, u"3"_s}, {2, u"1"_s}, {5, u"2"_s}})
         temp.db().execute(u"INSERT INTO T_DeliveryQTY (IDData, Sequence, Quantity) VALUES (?, ?, ?)"_s,
                           {id, sequence, quantity});
     gPackageQty.fill(Currency::fromInteger(9));
     show(id);
-    EXPECT_TRUE(form->control<QRadioButton>(u"optQuantity(3)"_s)->isChecked());
-    EXPECT_EQ(gPackageQty[0], Currency::fromInteger(1));
-    EXPECT_EQ(gPackageQty[1], Currency::fromInteger(2));
-    EXPECT_EQ(gPackageQty[2], Currency::fromInteger(3));
-    EXPECT_EQ(packageCount(gPackageQty), 3);
-    EXPECT_TRUE(std::all_of(gPackageQty.begin() + 3, gPackageQty.end(), [](Currency c) { return c.isZero(); }));
-    EXPECT_TRUE(form->control(u"cmdQuantity"_s)->isEnabled());
-}
+    EXPECT_EQ(shown(u"optQuantity(3)"_s), u"on"_s);
+    EXPECT_TRUE(control(u"cmdQuantity"_s)->isEnabled());
+    for (int i = 0; i < MaxPackages; ++i)
+        EXPECT_EQ(gPackageQty[std::size_t(i)], Currency::fromInteger(i < 3 ? i + 1 : 0)) << i;
 
-TEST_F(Display, MoreThanAHundredPackagesKeepTheFirstHundred)
-{
-    const qint64 id = insert({{C::QuantityType, 3}, {C::F00036, 101.0}});
-    QList<QVariant> quantities(101, QVariant(u"1"_s));
-    insertPackageRows(temp.db(), id, quantities);
+    id = insert({{C::QuantityType, 3}, {C::F00036, 101.0}});
+    insertPackageRows(temp.db(), id, QList<QVariant>(101, QVariant(u"1"_s)));
     show(id);
     EXPECT_EQ(packageCount(gPackageQty), MaxPackages);
     EXPECT_EQ(shown(u"txtAmountDelivery"_s), u"101"_s); // the rest of the display ran
 }
 
-TEST_F(Display, PackageFrameFollowsSettingsAndBuyer)
+TEST_F(Display, PackageFrameAndViewOnlyFollowTheSettingsAndTheBuyer)
 {
-    struct FrameCase
-    {
-        const char* what;
-        bool useBreakdown;
-        long customer;
-        bool hideFrame;
-        bool visible;
+    // clang-format off
+    const struct { const char* what; bool useBreakdown; long customer; bool hideFrame, viewOnly, frameShown; } cases[] = {
+        {"shown", true, 1, false, false, true},
+        {"buyer without breakdown", true, 2, false, false, false},
+        {"buyer hides the frame", true, 1, true, false, false},
+        {"no breakdown at all leaves the frame as loaded", false, 1, false, false, false},
+        {"view only", true, 1, false, true, true},
     };
-    const FrameCase cases[] = {
-        {"shown", true, 1, false, true},
-        {"buyer without breakdown", true, 2, false, false},
-        {"buyer hides the frame", true, 1, true, false},
-        {"no breakdown at all leaves the frame as loaded", false, 1, false, false},
-    };
+    // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         host.useQuantityBreakdown = c.useBreakdown;
         host.customers[0].hideQuantityFrame = c.hideFrame;
+        host.viewOnly = c.viewOnly;
+        form.reset();
         show(insert({{C::IDCustomer, qint64(c.customer)}, {C::QuantityType, 2}}));
-        EXPECT_EQ(form->control(u"fraQuantity"_s)->isVisibleTo(form.get()), c.visible);
-    }
-}
-
-TEST_F(Display, ViewOnlyLocksTheSupplierFieldsAndCommands)
-{
-    for (bool viewOnly : {true, false}) {
-        SCOPED_TRACE(viewOnly ? "view only" : "editable");
-        host.viewOnly = viewOnly;
-        frmData& f = show(insert({{C::F00002, u"9999"_s}}));
-        for (const char* name : {"txtMyHCode", "txtDate(1)", "txtDate(2)", "txtAmountDelivery", "txtUnitPrice",
-                                 "cobCurrency", "cobTaxation"}) {
-            QWidget* field = f.control(QString::fromLatin1(name));
-            EXPECT_EQ(isLocked(field), viewOnly) << name;
-            EXPECT_EQ(isTabStop(field), !viewOnly) << name;
-        }
-        EXPECT_EQ(f.control(u"chkTaxType"_s)->isEnabled(), !viewOnly);
+        EXPECT_EQ(control(u"fraQuantity"_s)->isVisibleTo(form.get()), c.frameShown);
+        // View only locks the supplier's fields and the commands that create, split or change a record.
+        for (const QString& name : {u"txtMyHCode"_s, u"txtDate(1)"_s, u"txtDate(2)"_s, u"txtAmountDelivery"_s,
+                                    u"txtUnitPrice"_s, u"cobCurrency"_s, u"cobTaxation"_s})
+            EXPECT_TRUE(isLocked(control(name)) == c.viewOnly && isTabStop(control(name)) != c.viewOnly)
+                << name.toStdString();
+        EXPECT_EQ(control(u"chkTaxType"_s)->isEnabled(), !c.viewOnly);
         for (int position : {1, 8, 9})
-            EXPECT_EQ(f.toolbar1()->isButtonEnabled(position), !viewOnly) << position;
-        for (const char* item : {"mnuDataNew", "mnuDataDivide", "mnuDataDetail"})
-            EXPECT_EQ(f.menuItem(QString::fromLatin1(item))->isEnabled(), !viewOnly) << item;
-        for (const char* name : {"txtOrderNo", "txtDate(0)"})
-            EXPECT_FALSE(isTabStop(f.control(QString::fromLatin1(name)))) << name << " keeps the order-field lock";
+            EXPECT_EQ(form->toolbar1()->isButtonEnabled(position), !c.viewOnly) << position;
+        for (const QString& item : {u"mnuDataNew"_s, u"mnuDataDivide"_s, u"mnuDataDetail"_s})
+            EXPECT_EQ(form->menuItem(item)->isEnabled(), !c.viewOnly) << item.toStdString();
+        for (const QString& name : {u"txtOrderNo"_s, u"txtDate(0)"_s})
+            EXPECT_FALSE(isTabStop(control(name))) << name.toStdString() << " keeps the order-field lock";
     }
 }
 

@@ -1,0 +1,189 @@
+// Half-width and full-width text fields, through the real form: what is kept, what is normalised, what
+// is refused with which message, where the focus goes and what is marked changed.
+#include "form_fixture.h"
+
+#include "forms/assign_text.h"
+#include "platform/text.h"
+
+#include <random>
+
+using namespace tolvinpt;
+using namespace tolvinpt::test;
+
+namespace {
+
+class TextFieldTest : public EntryTest
+{
+protected:
+    // Left with `expected` in the box: accepted, or refused with the width message; then emptied.
+    void expectWidth(const QString& name, const QString& expected, bool accepted)
+    {
+        const bool full = isFullWidth(spec(name));
+        expectLeft(name, expected,
+                   accepted ? QString()
+                            : (full ? u"全角文字のみ入力可能です\r\n最大文字数は %1 桁です"_s
+                                    : u"半角文字のみ入力可能です\r\n最大文字数は %1 桁です"_s)
+                                  .arg(spec(name).maxLength),
+                   full ? u"入力ﾁｪｯｸ - 漢字項目" : u"入力ﾁｪｯｸ - 半角項目");
+        EXPECT_EQ(messages.beeps, 0);
+        text(name)->clear();
+    }
+
+    static const ControlSpec& spec(QStringView name)
+    {
+        return *std::find_if(frmdata::controls().begin(), frmdata::controls().end(),
+                             [name](const ControlSpec& s) { return s.name == name; });
+    }
+    // The text fields with a width, told by the input method: off for half-width, hiragana for
+    // full-width; the two short codes without an input method are half-width too.
+    static bool hasWidth(const ControlSpec& s)
+    {
+        return s.kind == ControlKind::TextBox &&
+               (s.input == InputMode::Off || isFullWidth(s) || s.name == u"txtKensa" || s.name == u"txtUnit");
+    }
+    static bool isFullWidth(const ControlSpec& s) { return s.input == InputMode::Hiragana; }
+};
+
+} // namespace
+
+TEST_F(TextFieldTest, WidthRules)
+{
+    const Input T = Input::Type, P = Input::Paste, I = Input::InputMethod;
+    const Leave Tab = Leave::Tab, Back = Leave::BackTab, Click = Leave::Click;
+    // clang-format off
+    // `expected`: the field's text after leaving.
+    const struct { const char* what; QString field; Input how; QString input, expected; bool accepted; Leave leaving; } cases[] = {
+        {"half: voiced half-width katakana stay", u"txtHinmeiA"_s, T, u"ｶﾞｷﾞﾊﾟｰ"_s, u"ｶﾞｷﾞﾊﾟｰ"_s, true, Tab},
+        {"half: full-width narrows", u"txtHinmeiA"_s, I, u"ＡＢ１ガッ"_s, u"AB1ｶﾞｯ"_s, true, Back},
+        {"half: leading blanks kept, trailing removed", u"txtHinmeiA"_s, P, u"  ab  "_s, u"  ab"_s, true, Click},
+        {"half: trailing ideographic blank", u"txtHinmeiA"_s, T, u"ab　"_s, u"ab "_s, false, Tab},
+        // Bytes of the trimmed text against characters of the untrimmed one: the blank's missing byte
+        // makes up for the kanji's second.
+        {"half: kanji before a trailing ideographic blank", u"txtHinmeiA"_s, P, u"品　"_s, u"品 "_s, true, Tab},
+        {"half: kanji; the katakana are narrowed all the same", u"txtHinmeiA"_s, I, u"品ガ"_s, u"品ｶﾞ"_s, false, Click},
+        {"half: emoji is one substitute byte", u"txtHinmeiA"_s, P, u"A😀"_s, u"A😀"_s, true, Tab},
+        {"half: narrowing doubles the text past the limit", u"txtHinmeiA"_s, P, QString(30, u'ガ'), u"ｶﾞ"_s.repeated(30), true, Tab},
+        {"full: ASCII widens, the blank too; base and mark join", u"txtHinmeiK"_s, T, u"ab 1ｶﾞ"_s, u"ａｂ　１ガ"_s, true, Click},
+        {"full: kanji and hiragana stay", u"txtHinmeiK"_s, I, u"品名ひらがな"_s, u"品名ひらがな"_s, true, Tab},
+        {"full: leading blank widened, trailing removed", u"txtHinmeiK"_s, T, u" 品  "_s, u"　品"_s, true, Tab},
+        {"full: trailing ideographic blank stays", u"txtHinmeiK"_s, I, u"品　"_s, u"品　"_s, true, Tab},
+        {"full: emoji", u"txtHinmeiK"_s, P, u"品😀"_s, u"品😀"_s, false, Back},
+        {"unit: typed letters become capitals", u"txtUnit"_s, T, u"kg"_s, u"KG"_s, true, Tab},
+        {"unit: pasted letters stay as they are", u"txtUnit"_s, P, u"kg"_s, u"kg"_s, true, Tab},
+    };
+    // clang-format on
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        enter(c.field);
+        clearFlags();
+        input(c.input, c.how);
+        leave(c.leaving);
+        EXPECT_TRUE(form->bChanged);
+        expectWidth(c.field, c.expected, c.accepted);
+    }
+}
+
+// Text written by code (as a record is shown), then the field entered and left without typing.
+TEST_F(TextFieldTest, TheWriteBackMarksTheRecordChangedOnlyWhenItAltersTheText)
+{
+    // clang-format off
+    const struct { QString field, shown, expected; bool accepted; } cases[] = {
+        {u"txtHCode"_s, u"ＡＢ－１"_s, u"AB-1"_s, true}, {u"txtHCode"_s, u"AB-1"_s, u"AB-1"_s, true},
+        {u"txtHCode"_s, u"品番"_s, u"品番"_s, false},     {u"txtPlaceK"_s, u"ｶﾞｰﾃﾞﾝ"_s, u"ガーデン"_s, true},
+    };
+    // clang-format on
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.shown.toStdString());
+        text(c.field)->setText(c.shown);
+        enter(c.field);
+        clearFlags();
+        leave();
+        EXPECT_EQ(form->bChanged, c.shown != c.expected);
+        expectWidth(c.field, c.expected, c.accepted);
+    }
+}
+
+TEST_F(TextFieldTest, ATextLengthenedPastTheLimitStaysWholeAndTypingCannotGrowIt)
+{
+    fill(u"txtHinmeiA"_s, QString(30, u'パ'), Input::Paste);
+    QLineEdit* box = text(u"txtHinmeiA"_s);
+    ASSERT_EQ(box->text(), u"ﾊﾟ"_s.repeated(30));
+
+    enter(u"txtHinmeiA"_s);
+    QTest::keyClick(box, Qt::Key_End);
+    input(u"X"_s);
+    EXPECT_EQ(box->text().size(), 60) << "no room to type";
+    QTest::keyClick(box, Qt::Key_Home);
+    QTest::keyClick(box, Qt::Key_Delete); // ﾊﾟ goes as one character
+    EXPECT_EQ(box->text().size(), 58);
+    EXPECT_EQ(box->cursorPosition(), 0) << "the caret stays where the operator works";
+    input(u"X"_s);
+    EXPECT_EQ(box->text().size(), 58) << "deleting makes no room beyond the limit";
+    QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+    input(QString(31, u'Y'));
+    EXPECT_EQ(box->text(), QString(30, u'Y')) << "once the text fits, the limit is back";
+    EXPECT_EQ(box->maxLength(), 30);
+}
+
+// Random text of every character class into every text field, then Tab: whatever the text, a field
+// either keeps the focus with its message shown once, or holds a text of the right width.
+TEST_F(TextFieldTest, RandomTextInEveryField)
+{
+    // Drawn one at a time; surrogate pairs and base-plus-mark pairs count as one draw.
+    const QStringList classes[] = {
+        u"A z 0 9 ! \" # $ % & ' ( ) * + , - . / : ; < = > ? @ [ ] ^ _ ` { | }"_s.split(u' '),
+        u"ｱ ｶﾞ ﾊﾟ ﾜﾞ ｰ ｯ ｡ ｢ ｣ ､ ･ ﾞ ﾟ"_s.split(u' '),
+        u"Ａ ｚ ０ ９ ！ ＃ ＄ （ ） ＋ － ＝"_s.split(u' '),
+        u"ア ガ パ ヴ ッ ー ヷ ヺ 、 。 「 」 ・"_s.split(u' '),
+        u"あ が ぱ っ を ゐ 品 名 漢 字 東 京 髙 﨑"_s.split(u' '),
+        {u" "_s, u"　"_s, u"¥"_s, u"￥"_s, u"\\"_s, u"＼"_s, u"~"_s, u"～"_s, u"〜"_s, u"‾"_s, u"￣"_s},
+        {u"“"_s, u"”"_s, u"‘"_s, u"’"_s, u"−"_s, u"—"_s, u"‖"_s},
+        {u"😀"_s, u"🍣"_s, u"한"_s, u"é"_s, u"ß"_s, u"\u00A0"_s, u"\u3099"_s},
+    };
+    std::mt19937 random(20050310);
+    const auto below = [&random](qsizetype bound) {
+        return std::uniform_int_distribution<qsizetype>(0, bound - 1)(random);
+    };
+    constexpr int Rounds = 30;
+    int refused = 0;
+    int fields = 0;
+    for (int round = 0; round < Rounds; ++round) {
+        for (const auto& spec : frmdata::controls()) {
+            if (!hasWidth(spec))
+                continue;
+            fields += round == 0;
+            QString typed;
+            for (auto length = below(spec.maxLength + 4); length > 0; --length) {
+                const QStringList& characters = classes[below(std::size(classes))];
+                typed += characters[below(characters.size())];
+            }
+            auto how = Input(below(3));
+            if (how == Input::InputMethod && spec.input == InputMode::Disabled)
+                how = Input::Paste;
+            const QString name = spec.name.toString();
+            SCOPED_TRACE(name.toStdString() + " way " + std::to_string(int(how)) + " input " +
+                         typed.toStdString());
+            fill(name, typed, how);
+
+            // What the check accepts, character by character: a full-width field double-byte characters
+            // only, a half-width field single-byte ones; each blank that narrowing leaves at the end (from
+            // an ideographic blank) lets one double-byte character through, as the check counts the bytes
+            // of the trimmed text against the characters of the untrimmed one.
+            const QString result = text(name)->text();
+            const QString trimmed = rightTrim(result);
+            qsizetype doubleBytes = 0;
+            for (const char32_t c : trimmed.toUcs4())
+                doubleBytes += cp932ByteLength(QString::fromUcs4(&c, 1)) == 2;
+            const bool acceptable = isFullWidth(spec)
+                                        ? trimmed == result && doubleBytes == trimmed.toUcs4().size()
+                                        : doubleBytes == result.size() - trimmed.size();
+            refused += !acceptable;
+            EXPECT_EQ(maxLengthOf(text(name)), spec.maxLength);
+            expectWidth(name, result, acceptable);
+        }
+    }
+    EXPECT_EQ(fields, 19);
+    // The draw must exercise both outcomes.
+    EXPECT_GT(refused, 10);
+    EXPECT_LT(refused, Rounds * fields - 10);
+}
