@@ -38,15 +38,15 @@ QWidget* createTabStrip(QWidget* parent, const QRect& rect)
     return tabs;
 }
 
-QWidget* create(const ControlSpec& spec, QWidget* parent)
+QWidget* create(const ControlSpec& row, QWidget* parent)
 {
-    const QString caption = spec.caption.toString();
-    switch (spec.kind) {
+    const QString caption = row.caption.toString();
+    switch (row.kind) {
     case ControlKind::TextBox: {
         auto* edit = new QLineEdit(parent);
-        if (spec.maxLength > 0)
-            edit->setMaxLength(spec.maxLength);
-        edit->setAlignment((spec.state & design::Right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+        if (row.maxLength > 0)
+            edit->setMaxLength(row.maxLength);
+        edit->setAlignment((row.state & design::Right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
         return edit;
     }
     case ControlKind::DropDownList:
@@ -78,7 +78,7 @@ QWidget* create(const ControlSpec& spec, QWidget* parent)
         return new QGroupBox(caption, parent);
     case ControlKind::Label: {
         auto* label = new QLabel(caption, parent);
-        label->setAlignment((spec.state & design::Right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+        label->setAlignment((row.state & design::Right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
         return label;
     }
     case ControlKind::Line: {
@@ -96,9 +96,9 @@ QWidget* create(const ControlSpec& spec, QWidget* parent)
 
 // Grows a captioned control to its caption's size: height centred on the designed centre, width
 // towards the side away from its alignment.
-QRect fitCaption(const ControlSpec& spec, QWidget* w, QRect rect)
+QRect fitCaption(const ControlSpec& row, QWidget* w, QRect rect)
 {
-    switch (spec.kind) {
+    switch (row.kind) {
     case ControlKind::Label:
     case ControlKind::CheckBox:
     case ControlKind::OptionButton:
@@ -113,8 +113,8 @@ QRect fitCaption(const ControlSpec& spec, QWidget* w, QRect rect)
         rect.setHeight(hint.height());
         rect.moveTop(centre - (hint.height() - 1) / 2);
     }
-    if (spec.kind != ControlKind::Button && hint.width() > rect.width()) {
-        if (spec.state & design::Right)
+    if (row.kind != ControlKind::Button && hint.width() > rect.width()) {
+        if (row.state & design::Right)
             rect.setLeft(rect.right() - hint.width() + 1);
         else
             rect.setWidth(hint.width());
@@ -122,26 +122,26 @@ QRect fitCaption(const ControlSpec& spec, QWidget* w, QRect rect)
     return rect;
 }
 
-void applyState(const ControlSpec& spec, QWidget* w)
+void applyState(const ControlSpec& row, QWidget* w)
 {
-    if (spec.state & design::Hidden)
+    if (row.state & design::Hidden)
         w->hide();
-    if (spec.state & design::Grey)
+    if (row.state & design::Grey)
         setGrey(w);
-    if (spec.state & design::Locked)
+    if (row.state & design::Locked)
         setLocked(w, true);
-    if (spec.state & design::Disabled)
+    if (row.state & design::Disabled)
         w->setEnabled(false);
-    if (spec.state & design::Highlight)
+    if (row.state & design::Highlight)
         setCaptionColour(w, SystemColour::Highlight);
 }
 
 void linkTabChain(std::span<const ControlSpec> catalogue, const ControlMap& controls)
 {
     std::vector<const ControlSpec*> chain;
-    for (const auto& spec : catalogue) {
-        if (spec.tabOrder > 0 && takesFocus(spec.kind) && !(spec.state & (design::Hidden | design::Grey)))
-            chain.push_back(&spec);
+    for (const auto& row : catalogue) {
+        if (row.tabOrder > 0 && takesFocus(row.kind) && !(row.state & (design::Hidden | design::Grey)))
+            chain.push_back(&row);
     }
     std::stable_sort(chain.begin(), chain.end(),
                      [](const ControlSpec* a, const ControlSpec* b) { return a->tabOrder < b->tabOrder; });
@@ -172,28 +172,28 @@ ControlMap buildControls(QWidget* client, std::span<const ControlSpec> catalogue
 {
     ControlMap controls;
     QSet<QString> highlighted;
-    for (const auto& spec : catalogue) {
-        const QString name = spec.name.toString();
-        QWidget* parent = spec.container.isEmpty() ? client : controls.value(spec.container.toString());
+    for (const auto& row : catalogue) {
+        const QString name = row.name.toString();
+        QWidget* parent = row.container.isEmpty() ? client : controls.value(row.container.toString());
         Q_ASSERT_X(parent, "buildControls", "a container must come before its contents");
-        const QRect designed = twips.rect(spec.pos.left, spec.pos.top, spec.pos.width, spec.pos.height);
+        const QRect designed = twips.rect(row.pos.left, row.pos.top, row.pos.width, row.pos.height);
 
         QWidget* w =
-            spec.kind == ControlKind::TabStrip ? createTabStrip(parent, designed) : create(spec, parent);
+            row.kind == ControlKind::TabStrip ? createTabStrip(parent, designed) : create(row, parent);
         w->setObjectName(name);
-        if (!spec.tooltip.isEmpty())
-            w->setToolTip(spec.tooltip.toString());
-        applyInputMode(w, spec.input);
-        if (!takesFocus(spec.kind))
+        if (!row.tooltip.isEmpty())
+            w->setToolTip(row.tooltip.toString());
+        applyInputMode(w, row.input);
+        if (!takesFocus(row.kind))
             w->setFocusPolicy(Qt::NoFocus);
-        if (spec.kind != ControlKind::TabStrip)
-            w->setGeometry(fitCaption(spec, w, designed));
+        if (row.kind != ControlKind::TabStrip)
+            w->setGeometry(fitCaption(row, w, designed));
         // A frame's highlighted caption must not colour its contents.
-        if (highlighted.contains(spec.container.toString()) && !(spec.state & design::Highlight))
+        if (highlighted.contains(row.container.toString()) && !(row.state & design::Highlight))
             setCaptionColour(w, SystemColour::WindowText);
-        if (spec.state & design::Highlight)
+        if (row.state & design::Highlight)
             highlighted.insert(name);
-        applyState(spec, w);
+        applyState(row, w);
         controls.insert(name, w);
     }
     linkTabChain(catalogue, controls);

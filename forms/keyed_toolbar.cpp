@@ -16,19 +16,19 @@ KeyedToolBar::KeyedToolBar(const QString& name, std::span<const ToolButtonSpec> 
     setIconSize({16, 16});
     setToolButtonStyle(Qt::ToolButtonIconOnly);
     setFocusPolicy(Qt::NoFocus);
-    for (const auto& spec : buttons) {
-        if (spec.key.isEmpty()) {
+    for (const auto& row : buttons) {
+        if (row.key.isEmpty()) {
             m_positions.push_back(addSeparator());
             continue;
         }
-        const QString key = spec.key.toString();
-        QAction* action = addAction(QIcon(u":/tolvinpt/icons/"_s + spec.image.toString()), key);
-        action->setToolTip(spec.tooltip.toString());
+        const QString key = row.key.toString();
+        QAction* action = addAction(QIcon(u":/tolvinpt/icons/"_s + row.image.toString()), key);
+        action->setToolTip(row.tooltip.toString());
         action->setData(key);
         auto* tool = static_cast<QToolButton*>(widgetForAction(action));
         tool->setObjectName(key);
         tool->setFocusPolicy(Qt::NoFocus);
-        if (spec.dropDown)
+        if (row.dropDown)
             tool->setPopupMode(QToolButton::MenuButtonPopup);
         connect(action, &QAction::triggered, this, [this, key] { emit buttonClicked(key); });
         m_positions.push_back(action);

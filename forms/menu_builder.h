@@ -1,6 +1,6 @@
 #pragma once
 
-#include "forms/control_spec.h"
+#include "forms/control_row.h"
 
 #include <QHash>
 

@@ -2,7 +2,7 @@
 
 // The entry form's controls, toolbars, tabs and menus as data.
 
-#include "forms/control_spec.h"
+#include "forms/control_row.h"
 
 #include <span>
 

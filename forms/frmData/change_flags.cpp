@@ -28,10 +28,10 @@ QString optionName(int index)
 
 void frmData::connectChangeFlags()
 {
-    for (const auto& spec : frmdata::controls()) {
-        if (spec.marks == 0)
+    for (const auto& row : frmdata::controls()) {
+        if (row.marks == 0)
             continue;
-        const unsigned marks = spec.marks;
+        const unsigned marks = row.marks;
         auto mark = [this, marks] {
             if (marks & marks::Changed)
                 bChanged = true;
@@ -40,7 +40,7 @@ void frmData::connectChangeFlags()
             if (marks & marks::Quantity)
                 bChangedQTY = true;
         };
-        QWidget* w = control(spec.name.toString());
+        QWidget* w = control(row.name.toString());
         if (auto* edit = qobject_cast<QLineEdit*>(w))
             connect(edit, &QLineEdit::textChanged, this, mark);
         else if (auto* combo = qobject_cast<QComboBox*>(w)) {

@@ -17,10 +17,10 @@ namespace tolvinpt {
 void frmData::installFieldRules()
 {
     // Entering any text field selects its whole text, so that typing replaces it.
-    for (const auto& spec : frmdata::controls()) {
-        if (spec.kind != ControlKind::TextBox)
+    for (const auto& row : frmdata::controls()) {
+        if (row.kind != ControlKind::TextBox)
             continue;
-        auto* box = control<QLineEdit>(spec.name.toString());
+        auto* box = control<QLineEdit>(row.name.toString());
         m_leave->setGotFocus(box, [box] { SelectAllText(box); });
     }
     installTextRules(*this);

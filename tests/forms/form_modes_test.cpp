@@ -162,23 +162,23 @@ TEST_F(FormModesTest, ToolbarButtonsByPositionAndKeyRouteToTheirMenuItems)
         ASSERT_EQ(bar->count(), qsizetype(specs.size()));
         EXPECT_EQ(bar->buttonAt(bar->count() + 1), nullptr);
         for (int position = 1; position <= bar->count(); ++position) {
-            const ToolButtonSpec& spec = specs[std::size_t(position - 1)];
+            const ToolButtonSpec& row = specs[std::size_t(position - 1)];
             SCOPED_TRACE(position);
-            EXPECT_TRUE(bar != form->toolbar1() || spec.key == keys1[position - 1]);
-            EXPECT_EQ(bar->keyAt(position), spec.key.toString());
+            EXPECT_TRUE(bar != form->toolbar1() || row.key == keys1[position - 1]);
+            EXPECT_EQ(bar->keyAt(position), row.key.toString());
             QToolButton* button = bar->buttonAt(position);
-            EXPECT_EQ(bar->button(spec.key.toString()), button);
-            EXPECT_EQ(button == nullptr, spec.key.isEmpty()) << "a separator takes a position";
+            EXPECT_EQ(bar->button(row.key.toString()), button);
+            EXPECT_EQ(button == nullptr, row.key.isEmpty()) << "a separator takes a position";
             bar->setButtonEnabled(position, false);
             EXPECT_FALSE(bar->isButtonEnabled(position));
             bar->setButtonEnabled(position, true);
             EXPECT_EQ(bar->isButtonEnabled(position), button != nullptr);
             if (!button)
                 continue;
-            EXPECT_EQ(button->toolTip(), spec.tooltip.toString());
+            EXPECT_EQ(button->toolTip(), row.tooltip.toString());
             EXPECT_FALSE(button->icon().isNull());
             EXPECT_EQ(button->focusPolicy(), Qt::NoFocus);
-            EXPECT_EQ(button->popupMode() == QToolButton::MenuButtonPopup, spec.dropDown);
+            EXPECT_EQ(button->popupMode() == QToolButton::MenuButtonPopup, row.dropDown);
         }
     }
     QSignalSpy next(form.get(), &frmData::nextRecordRequested);
@@ -236,11 +236,11 @@ TEST_F(FormModesTest, EveryChangeMarksWhatTheCatalogueSays)
     load();
     form->gNewStart();
     combo(u"cobCustomer"_s)->addItems({u"得意先A:12345"_s, u"得:意:先B:00678"_s});
-    for (const auto& spec : frmdata::controls()) {
-        if (spec.kind == ControlKind::Button || spec.kind == ControlKind::OptionButton)
+    for (const auto& row : frmdata::controls()) {
+        if (row.kind == ControlKind::Button || row.kind == ControlKind::OptionButton)
             continue; // the options: see the package-mode test
-        SCOPED_TRACE(spec.name.toString().toStdString());
-        QWidget* w = control(spec.name.toString());
+        SCOPED_TRACE(row.name.toString().toStdString());
+        QWidget* w = control(row.name.toString());
         clearFlags();
         // Changed as the operator would: typing, picking another item, clicking.
         if (auto* edit = qobject_cast<QLineEdit*>(w)) {
@@ -251,7 +251,7 @@ TEST_F(FormModesTest, EveryChangeMarksWhatTheCatalogueSays)
         else if (auto* check = qobject_cast<QCheckBox*>(w))
             QTest::mouseClick(check, Qt::LeftButton);
         // The own-company choice marks through its click handling.
-        const unsigned marks = spec.name == u"cobMyCodes" ? unsigned(marks::Changed) : spec.marks;
+        const unsigned marks = row.name == u"cobMyCodes" ? unsigned(marks::Changed) : row.marks;
         EXPECT_EQ(form->bChanged, bool(marks & marks::Changed));
         EXPECT_EQ(form->bChangedAmount, bool(marks & marks::Amount));
         EXPECT_EQ(form->bChangedQTY, bool(marks & marks::Quantity));

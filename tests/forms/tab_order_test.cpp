@@ -25,15 +25,15 @@ protected:
                          [](auto& a, auto& b) { return a.tabOrder < b.tabOrder; });
         QStringList before, after;
         bool afterCustomer = false;
-        for (const ControlSpec& spec : specs) {
-            QWidget* w = control(spec.name.toString());
+        for (const ControlSpec& row : specs) {
+            QWidget* w = control(row.name.toString());
             auto* option = qobject_cast<QRadioButton*>(w);
-            if (spec.tabOrder != 0 && takesFocus(spec.kind) &&
-                !(spec.state & (design::Hidden | design::Grey)) &&
-                (spec.container.isEmpty() || !control(spec.container.toString())->isHidden()) &&
+            if (row.tabOrder != 0 && takesFocus(row.kind) &&
+                !(row.state & (design::Hidden | design::Grey)) &&
+                (row.container.isEmpty() || !control(row.container.toString())->isHidden()) &&
                 w->isEnabled() && isTabStop(w) && (!option || option->isChecked()))
-                (afterCustomer ? after : before) << spec.name.toString();
-            afterCustomer = afterCustomer || spec.name == u"cobCustomer";
+                (afterCustomer ? after : before) << row.name.toString();
+            afterCustomer = afterCustomer || row.name == u"cobCustomer";
         }
         return after + before;
     }

@@ -18,18 +18,18 @@ protected:
     // Left with `expected` in the box: accepted, or refused with the width message; then emptied.
     void expectWidth(const QString& name, const QString& expected, bool accepted)
     {
-        const bool full = isFullWidth(spec(name));
+        const bool full = isFullWidth(row(name));
         expectLeft(name, expected,
                    accepted ? QString()
                             : (full ? u"全角文字のみ入力可能です\r\n最大文字数は %1 桁です"_s
                                     : u"半角文字のみ入力可能です\r\n最大文字数は %1 桁です"_s)
-                                  .arg(spec(name).maxLength),
+                                  .arg(row(name).maxLength),
                    full ? u"入力ﾁｪｯｸ - 漢字項目" : u"入力ﾁｪｯｸ - 半角項目");
         EXPECT_EQ(messages.beeps, 0);
         text(name)->clear();
     }
 
-    static const ControlSpec& spec(QStringView name)
+    static const ControlSpec& row(QStringView name)
     {
         return *std::find_if(frmdata::controls().begin(), frmdata::controls().end(),
                              [name](const ControlSpec& s) { return s.name == name; });
@@ -148,19 +148,19 @@ TEST_F(TextFieldTest, RandomTextInEveryField)
     int refused = 0;
     int fields = 0;
     for (int round = 0; round < Rounds; ++round) {
-        for (const auto& spec : frmdata::controls()) {
-            if (!hasWidth(spec))
+        for (const auto& row : frmdata::controls()) {
+            if (!hasWidth(row))
                 continue;
             fields += round == 0;
             QString typed;
-            for (auto length = below(spec.maxLength + 4); length > 0; --length) {
+            for (auto length = below(row.maxLength + 4); length > 0; --length) {
                 const QStringList& characters = classes[below(std::size(classes))];
                 typed += characters[below(characters.size())];
             }
             auto how = Input(below(3));
-            if (how == Input::InputMethod && spec.input == InputMode::Disabled)
+            if (how == Input::InputMethod && row.input == InputMode::Disabled)
                 how = Input::Paste;
-            const QString name = spec.name.toString();
+            const QString name = row.name.toString();
             SCOPED_TRACE(name.toStdString() + " way " + std::to_string(int(how)) + " input " +
                          typed.toStdString());
             fill(name, typed, how);
@@ -174,11 +174,11 @@ TEST_F(TextFieldTest, RandomTextInEveryField)
             qsizetype doubleBytes = 0;
             for (const char32_t c : trimmed.toUcs4())
                 doubleBytes += cp932ByteLength(QString::fromUcs4(&c, 1)) == 2;
-            const bool acceptable = isFullWidth(spec)
+            const bool acceptable = isFullWidth(row)
                                         ? trimmed == result && doubleBytes == trimmed.toUcs4().size()
                                         : doubleBytes == result.size() - trimmed.size();
             refused += !acceptable;
-            EXPECT_EQ(maxLengthOf(text(name)), spec.maxLength);
+            EXPECT_EQ(maxLengthOf(text(name)), row.maxLength);
             expectWidth(name, result, acceptable);
         }
     }
