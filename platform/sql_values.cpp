@@ -8,8 +8,6 @@ using namespace Qt::StringLiterals;
 
 namespace tolvinpt::db {
 
-namespace {
-
 bool isIntegerType(int type)
 {
     switch (type) {
@@ -29,6 +27,8 @@ bool isIntegerType(int type)
         return false;
     }
 }
+
+namespace {
 
 bool isFloatType(int type)
 {

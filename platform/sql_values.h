@@ -11,6 +11,9 @@
 
 namespace tolvinpt::db {
 
+// A whole-number value type of QVariant (any width, signed or not).
+bool isIntegerType(int type);
+
 // Reading a stored value back as one of our types, whatever representation the engine returned it in
 // (SQLite gives text, integers and doubles; another engine may give dates and booleans). None of these
 // throws: nullopt means Null or a value that is not of the kind asked for, and isNull() tells the two apart.

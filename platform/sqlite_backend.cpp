@@ -2,6 +2,7 @@
 
 #include "platform/jet_like.h"
 #include "platform/sql_backend.h"
+#include "platform/sql_values.h"
 
 #include <QSqlDriver>
 
@@ -44,21 +45,12 @@ public:
         int rc = SQLITE_OK;
         if (value.isNull()) {
             rc = sqlite3_bind_null(m_statement, position);
+        } else if (value.typeId() == QMetaType::Bool) {
+            rc = sqlite3_bind_int(m_statement, position, value.toBool() ? 1 : 0);
+        } else if (isIntegerType(value.typeId())) {
+            rc = sqlite3_bind_int64(m_statement, position, value.toLongLong());
         } else {
             switch (value.typeId()) {
-            case QMetaType::Bool:
-                rc = sqlite3_bind_int(m_statement, position, value.toBool() ? 1 : 0);
-                break;
-            case QMetaType::Int:
-            case QMetaType::UInt:
-            case QMetaType::LongLong:
-            case QMetaType::ULongLong:
-            case QMetaType::Long:
-            case QMetaType::ULong:
-            case QMetaType::Short:
-            case QMetaType::UShort:
-                rc = sqlite3_bind_int64(m_statement, position, value.toLongLong());
-                break;
             case QMetaType::Double:
             case QMetaType::Float:
                 rc = sqlite3_bind_double(m_statement, position, value.toDouble());
