@@ -1,5 +1,7 @@
 #include "forms/assign_text.h"
 
+#include "platform/guarded.h"
+
 #include <QLineEdit>
 
 #include <algorithm>
@@ -16,7 +18,7 @@ class LimitKeeper final : public QObject
 public:
     explicit LimitKeeper(QLineEdit* box) : QObject(box), limit(box->maxLength()), m_box(box)
     {
-        connect(box, &QLineEdit::textChanged, this, &LimitKeeper::follow);
+        connect(box, &QLineEdit::textChanged, this, guarded(this, &LimitKeeper::follow));
     }
 
     const int limit;

@@ -1,5 +1,7 @@
 #include "forms/input_mode.h"
 
+#include "platform/guarded.h"
+
 #include <QComboBox>
 #include <QEvent>
 #include <QLineEdit>
@@ -15,6 +17,12 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        return guardedCall([&] { return filter(watched, event); }, false);
+    }
+
+private:
+    bool filter(QObject* watched, QEvent* event)
     {
         if (event->type() == QEvent::ReadOnlyChange || event->type() == QEvent::EnabledChange)
             static_cast<QWidget*>(watched)->setAttribute(Qt::WA_InputMethodEnabled, false);

@@ -1,5 +1,7 @@
 #include "forms/keyed_toolbar.h"
 
+#include "platform/guarded.h"
+
 #include <QIcon>
 #include <QToolButton>
 
@@ -30,7 +32,7 @@ KeyedToolBar::KeyedToolBar(const QString& name, std::span<const ToolButtonSpec> 
         tool->setFocusPolicy(Qt::NoFocus);
         if (row.dropDown)
             tool->setPopupMode(QToolButton::MenuButtonPopup);
-        connect(action, &QAction::triggered, this, [this, key] { emit buttonClicked(key); });
+        connect(action, &QAction::triggered, this, guarded([this, key] { emit buttonClicked(key); }));
         m_positions.push_back(action);
     }
 }

@@ -1,5 +1,7 @@
 #include "platform/field_state.h"
 
+#include "platform/guarded.h"
+
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
@@ -39,6 +41,12 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        return guardedCall([&] { return filter(watched, event); }, false);
+    }
+
+private:
+    bool filter(QObject* watched, QEvent* event)
     {
         if (!watched->property(LockedProperty).toBool())
             return false;

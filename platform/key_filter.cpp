@@ -1,5 +1,6 @@
 #include "platform/key_filter.h"
 
+#include "platform/guarded.h"
 #include "platform/messages.h"
 
 #include <QApplication>
@@ -41,6 +42,12 @@ public:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
+        return guardedCall([&] { return filter(watched, event); }, false);
+    }
+
+private:
+    bool filter(QObject* watched, QEvent* event)
+    {
         if (event->type() != QEvent::KeyPress || m_forwarding || !handler)
             return false;
         auto* key = static_cast<QKeyEvent*>(event);
@@ -70,7 +77,6 @@ protected:
         return true;
     }
 
-private:
     bool m_forwarding = false;
 };
 

@@ -1,5 +1,7 @@
 #include "platform/select_all.h"
 
+#include "platform/guarded.h"
+
 #include <QComboBox>
 #include <QEvent>
 #include <QLineEdit>
@@ -29,6 +31,12 @@ public:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
+        return guardedCall([&] { return filter(watched, event); }, false);
+    }
+
+private:
+    bool filter(QObject* watched, QEvent* event)
+    {
         if (watched != m_edit)
             return false;
         switch (event->type()) {
@@ -50,7 +58,6 @@ protected:
         return false;
     }
 
-private:
     void finish()
     {
         m_edit->removeEventFilter(this);

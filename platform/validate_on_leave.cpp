@@ -1,5 +1,6 @@
 #include "platform/validate_on_leave.h"
 
+#include "platform/guarded.h"
 #include "platform/select_all.h"
 
 #include <QApplication>
@@ -56,7 +57,8 @@ ValidateOnLeave::ValidateOnLeave(QWidget* window) : QObject(window), m_window(wi
 {
     Q_ASSERT(window && window->isWindow());
     qApp->installEventFilter(this);
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { focusChanged(now); });
+    connect(qApp, &QApplication::focusChanged, this,
+            guarded([this](QWidget*, QWidget* now) { focusChanged(now); }));
 }
 
 ValidateOnLeave::~ValidateOnLeave()
@@ -85,7 +87,7 @@ ValidateOnLeave::Handlers* ValidateOnLeave::handlersOf(QWidget* field)
 {
     auto [it, added] = m_fields.try_emplace(field);
     if (added)
-        connect(field, &QObject::destroyed, this, [this, field] { forget(field); });
+        connect(field, &QObject::destroyed, this, guarded([this, field] { forget(field); }));
     return &it->second;
 }
 
@@ -124,6 +126,11 @@ bool ValidateOnLeave::runValidate(QWidget* field)
 }
 
 bool ValidateOnLeave::eventFilter(QObject* watched, QEvent* event)
+{
+    return guardedCall([&] { return filterEvent(watched, event); }, false);
+}
+
+bool ValidateOnLeave::filterEvent(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::FocusAboutToChange:

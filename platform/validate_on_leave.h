@@ -62,6 +62,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    bool filterEvent(QObject* watched, QEvent* event);
     struct Handlers
     {
         Validate validate;

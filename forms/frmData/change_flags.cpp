@@ -5,6 +5,7 @@
 #include "forms/frmData/frmData.h"
 
 #include "platform/field_state.h"
+#include "platform/guarded.h"
 #include "platform/number_text.h"
 #include "store/package_quantities.h"
 
@@ -42,23 +43,23 @@ void frmData::connectChangeFlags()
         };
         QWidget* w = control(row.name.toString());
         if (auto* edit = qobject_cast<QLineEdit*>(w))
-            connect(edit, &QLineEdit::textChanged, this, mark);
+            connect(edit, &QLineEdit::textChanged, this, guarded(mark));
         else if (auto* combo = qobject_cast<QComboBox*>(w)) {
-            connect(combo, &QComboBox::currentIndexChanged, this, mark);
+            connect(combo, &QComboBox::currentIndexChanged, this, guarded(mark));
             if (combo->isEditable())
-                connect(combo, &QComboBox::editTextChanged, this, mark);
+                connect(combo, &QComboBox::editTextChanged, this, guarded(mark));
         } else if (auto* check = qobject_cast<QCheckBox*>(w))
-            connect(check, &QCheckBox::toggled, this, mark);
+            connect(check, &QCheckBox::toggled, this, guarded(mark));
     }
 
     connect(control<QComboBox>(QStringLiteral("cobMyCodes")), &QComboBox::currentIndexChanged, this,
-            &frmData::cobMyCodes_Click);
+            guarded(this, &frmData::cobMyCodes_Click));
     for (int index = 1; index <= PackageModes; ++index) {
         connect(control<QRadioButton>(optionName(index)), &QRadioButton::toggled, this,
-                [this, index](bool on) {
+                guarded([this, index](bool on) {
                     if (on)
                         optQuantity_Click(index);
-                });
+                }));
     }
 }
 

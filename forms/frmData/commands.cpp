@@ -2,6 +2,7 @@
 #include "forms/frmData/frmData.h"
 #include "forms/frmData/record_list_menu.h"
 #include "forms/keyed_toolbar.h"
+#include "platform/guarded.h"
 
 #include <QAction>
 
@@ -22,12 +23,13 @@ constexpr ToolbarCommand Toolbar2Commands[] = {{u"新規保存", u"mnuNewDataSav
 
 void routeToolbar(KeyedToolBar* toolbar, std::span<const ToolbarCommand> commands, const frmData& form)
 {
-    QObject::connect(toolbar, &KeyedToolBar::buttonClicked, &form, [&form, commands](const QString& key) {
-        for (const auto& command : commands) {
-            if (command.key == key)
-                form.menuItem(command.menuItem.toString())->trigger();
-        }
-    });
+    QObject::connect(toolbar, &KeyedToolBar::buttonClicked, &form,
+                     guarded([&form, commands](const QString& key) {
+                         for (const auto& command : commands) {
+                             if (command.key == key)
+                                 form.menuItem(command.menuItem.toString())->trigger();
+                         }
+                     }));
 }
 
 } // namespace

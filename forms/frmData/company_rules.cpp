@@ -4,6 +4,7 @@
 #include "forms/combo_items.h"
 #include "forms/frmData/frmData.h"
 #include "platform/event_guard.h"
+#include "platform/guarded.h"
 
 #include <tolvinpt/host.h>
 
@@ -22,9 +23,9 @@ bool ownCodeListMode(const CompanySettings& company)
 void installCompanyRules(frmData& form)
 {
     QObject::connect(form.control<QComboBox>(u"cobCustomer"_s), &QComboBox::currentIndexChanged, &form,
-                     &frmData::cobCustomer_Click);
+                     guarded(&form, &frmData::cobCustomer_Click));
     QObject::connect(form.control<QLineEdit>(u"txtMyCode"_s), &QLineEdit::textChanged, &form,
-                     &frmData::txtMyCode_Change);
+                     guarded(&form, &frmData::txtMyCode_Change));
 }
 
 } // namespace tolvinpt::frmdata

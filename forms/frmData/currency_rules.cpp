@@ -3,6 +3,7 @@
 
 #include "forms/frmData/frmData.h"
 #include "platform/event_guard.h"
+#include "platform/guarded.h"
 #include "platform/key_filter.h"
 #include "platform/messages.h"
 #include "platform/select_all.h"
@@ -63,8 +64,9 @@ void installCurrencyRules(frmData& form)
     setKeyPress(combo, upperCaseLetter);
     form.leave().setGotFocus(combo, [combo] { SelectAllText(combo); });
     // Connected after the catalogue's marks, which set bChanged for both.
-    QObject::connect(combo, &QComboBox::editTextChanged, &form, &frmData::cobCurrency_Change);
-    QObject::connect(combo, &QComboBox::currentIndexChanged, &form, &frmData::cobCurrency_Click);
+    QObject::connect(combo, &QComboBox::editTextChanged, &form, guarded(&form, &frmData::cobCurrency_Change));
+    QObject::connect(combo, &QComboBox::currentIndexChanged, &form,
+                     guarded(&form, &frmData::cobCurrency_Click));
     form.leave().setValidate(combo, [&form](bool& cancel) { cobCurrency_Validate(form, cancel); });
 }
 

@@ -5,6 +5,7 @@
 #include "forms/frmData/record_list_menu.h"
 #include "forms/keyed_toolbar.h"
 #include "forms/menu_builder.h"
+#include "platform/guarded.h"
 #include "platform/twips.h"
 #include "platform/validate_on_leave.h"
 
@@ -66,11 +67,16 @@ void frmData::buildChrome()
         tabs->setTabToolTip(index, tab.tooltip.toString());
     }
     // The pages follow the selected tab from the start.
-    connect(tabs, &QTabBar::currentChanged, this, &frmData::TabStrip1_Click);
+    connect(tabs, &QTabBar::currentChanged, this, guarded(this, &frmData::TabStrip1_Click));
     TabStrip1_Click();
 }
 
 void frmData::keyPressEvent(QKeyEvent* event)
+{
+    guardedCall([&] { escapeClosesNothing(event); });
+}
+
+void frmData::escapeClosesNothing(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier) {
         event->accept();

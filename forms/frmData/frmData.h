@@ -89,6 +89,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void escapeClosesNothing(QKeyEvent* event);
     void buildChrome();
     void Form_Load();
     void fillOwnCodes();

@@ -3,6 +3,7 @@
 
 #include "forms/frmData/currency_rules.h"
 #include "forms/frmData/frmData.h"
+#include "platform/guarded.h"
 #include "platform/key_filter.h"
 #include "platform/messages.h"
 #include "platform/number_text.h"
@@ -154,10 +155,10 @@ void installNumberRules(frmData& form)
         SelectAllText(delivery);
         form.bChangedAmount = false;
     });
-    QObject::connect(delivery, &QLineEdit::textChanged, &form, [&form](const QString& text) {
-        // Nothing to pack without a delivery quantity.
-        form.control(u"fraQuantity"_s)->setEnabled(!leadingNumber(text).isZero());
-    });
+    QObject::connect(delivery, &QLineEdit::textChanged, &form, guarded([&form](const QString& text) {
+                         // Nothing to pack without a delivery quantity.
+                         form.control(u"fraQuantity"_s)->setEnabled(!leadingNumber(text).isZero());
+                     }));
     leave.setValidate(delivery, [&form, delivery](bool&) { txtAmountDelivery_Validate(form, delivery); });
 
     leave.setValidate(field(u"txtQuantity"), [&form](bool&) { txtQuantity_Validate(form); });
