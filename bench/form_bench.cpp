@@ -98,8 +98,8 @@ void printRow(const char* operation, double ours, double raw, const char* unit)
 // Returns whether the display target is met.
 bool benchmarkDisplay(bench::RawFormReads& raw, const std::vector<qint64>& ids, std::size_t& sink)
 {
-    EntryCall call(gDB);
-    FillCustomerCombo(call.form);
+    EntryCall call;
+    FillCustomerCombo(call.form, *gCustomers);
     call.form.show();
     QCoreApplication::processEvents();
     const auto* idField = call.form.control<QLineEdit>(u"txtIDData"_s);
@@ -151,7 +151,7 @@ bool benchmarkRecordList(bench::RawFormReads& raw, const std::vector<qint64>& id
 
     std::vector<double> loads;
     for (int round = 0; round < ListRounds; ++round)
-        loads.push_back(bench::millisecondsOf([] { EntryCall call(gDB); }));
+        loads.push_back(bench::millisecondsOf([] { EntryCall call; }));
     std::printf("  %-40s %10.3f %10s %8s   (%s)\n", "  of which loading the form", bench::median(loads), "",
                 "", "ms");
     return m.ours < ListTargetMs && m.ours < ListTargetRatio * m.raw;

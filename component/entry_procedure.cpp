@@ -8,12 +8,16 @@
 #include "forms/frmData/record_list_menu.h"
 #include "forms/keyed_toolbar.h"
 #include "platform/database.h"
+#include "platform/guarded.h"
 #include "platform/messages.h"
 #include "store/delivery_reads.h"
 
 #include <tolvinpt/error.h>
 
 #include <QComboBox>
+#include <QSignalBlocker>
+
+#include <functional>
 
 namespace tolvinpt {
 namespace {
@@ -22,51 +26,97 @@ const QString Back = QStringLiteral("戻る");
 const QString Forward = QStringLiteral("進む");
 const QString RecordList = QStringLiteral("一覧選択");
 
-void showElement(frmData& form, db::Database& database, qint32 position)
+template <typename T> std::shared_ptr<T> held(const std::shared_ptr<T>& object)
 {
-    ShowDeliveryRecord(form, database, *gCustomers, recordIdOf(gItems->Item(position)));
+    required(object);
+    return object;
 }
 
-void fillRecordList(frmData& form, db::Database& database)
+// The record ids of the list, in list order; nullopt where an element is out of range (its error is
+// raised when its turn comes).
+std::vector<std::optional<qint64>> listIds()
 {
+    std::vector<std::optional<qint64>> ids;
+    ids.reserve(static_cast<std::size_t>(gItems->Count()));
+    for (int position = 1; position <= gItems->Count(); ++position) {
+        try {
+            ids.push_back(recordIdOf(gItems->Item(position)));
+        } catch (const Error&) {
+            ids.emplace_back();
+        }
+    }
+    return ids;
+}
+
+// One entry per element, its delivery key number read in one read transaction. The first element in
+// list order that fails decides the error: out of range, not a record, or a key given twice.
+void fillRecordList(EntryCall& call)
+{
+    const auto ids = listIds();
+    std::vector<qint64> known;
+    for (const auto& id : ids)
+        known.push_back(id.value_or(0));
+    const auto keys = readDeliveryKeys(call.database, known);
+    RecordListMenu* list = call.form.recordList();
     for (int position = 1; position <= gItems->Count(); ++position) {
         const QVariant element = gItems->Item(position);
-        const qint32 id = recordIdOf(element);
-        const auto key = readDeliveryKey(database, id);
+        if (!ids[position - 1])
+            recordIdOf(element); // throws its overflow
+        const auto& key = keys[position - 1];
         if (!key)
             throw Error(QStringLiteral("No current record."), 3021);
-        if (!form.recordList()->addEntry(element.toString(), *key))
+        if (!list->addEntry(element.toString(), *key))
             throw Error(QStringLiteral("Key is not unique in collection"), 35602);
     }
 }
 
-// Errors of a movement the operator asked for are reported, and the form stays open.
-template <typename Move>
-void reported(frmData& form, Move move)
+void showMovementError(const frmData& form, const QString& description, long number)
 {
-    try {
-        move();
-    } catch (const Error& e) {
-        showExclamation(e.description() + QStringLiteral(" (") + QString::number(e.number()) + u')',
-                        form.windowTitle());
-    } catch (const db::DatabaseError& e) {
-        showExclamation(e.operatorText(), form.windowTitle());
-    }
+    // One format for every run-time error the operator sees: "description (number)".
+    showExclamation(db::DatabaseError(description, number).operatorText(), form.windowTitle());
 }
 
-void connectMovement(frmData& form, db::Database& database)
+// Moves to `position` once its record has been read, then lets `followPosition` set the buttons. A
+// position outside the list moves and fails as the list's lookup does; that is how stepping back from
+// the first record through the menu has always ended.
+void moveTo(EntryCall& call, qint32 position, const std::function<void()>& followPosition)
 {
-    QObject::connect(&form, &frmData::nextRecordRequested, &form,
-                     [&] { reported(form, [&] { ShowNextRecord(form, database); }); });
-    QObject::connect(&form, &frmData::previousRecordRequested, &form,
-                     [&] { reported(form, [&] { ShowPreviousRecord(form, database); }); });
-    QObject::connect(&form, &frmData::recordChosen, &form,
-                     [&](int position) { reported(form, [&] { ShowRecordAt(form, database, position); }); });
+    std::optional<DeliveryRecord> record;
+    const bool inList = position >= 1 && position <= gItems->Count();
+    try {
+        if (inList)
+            record = readDeliveryRecord(call.database, recordIdOf(gItems->Item(position)));
+    } catch (const db::DatabaseError& e) {
+        showMovementError(call.form, e.description(), e.number());
+        return;
+    }
+    followPosition();
+    gIndex = position;
+    if (!inList) {
+        try {
+            gItems->Item(position);
+        } catch (const Error& e) {
+            showMovementError(call.form, e.description(), e.number());
+        }
+        return;
+    }
+    ShowDeliveryRecord(call.form, call.database, *call.customers, record);
+}
+
+void connectMovement(EntryCall& call)
+{
+    frmData* form = &call.form;
+    QObject::connect(form, &frmData::nextRecordRequested, form, guarded([&call] { ShowNextRecord(call); }));
+    QObject::connect(form, &frmData::previousRecordRequested, form,
+                     guarded([&call] { ShowPreviousRecord(call); }));
+    QObject::connect(form, &frmData::recordChosen, form,
+                     guarded([&call](int position) { ShowRecordAt(call, position); }));
 }
 
 } // namespace
 
-EntryCall::EntryCall(const QSqlDatabase& connection) : database(connection), form(*gCompany)
+EntryCall::EntryCall()
+    : company(held(gCompany)), customers(held(gCustomers)), database(openDatabase()), form(*company)
 {
 }
 
@@ -75,82 +125,92 @@ std::unique_ptr<EntryCall> PrepareRecordList(Items& items)
     if (items.Count() == 0)
         return nullptr;
     gItems = &items;
-    auto call = std::make_unique<EntryCall>(gDB);
+    auto call = std::make_unique<EntryCall>();
     frmData& form = call->form;
-    fillRecordList(form, call->database);
-    FillCustomerCombo(form);
+    fillRecordList(*call);
+    FillCustomerCombo(form, *call->customers);
     const bool several = gItems->Count() > 1;
     form.toolbar1()->setButtonEnabled(Forward, several);
     form.toolbar1()->setButtonEnabled(RecordList, several);
     gIndex = 1;
-    showElement(form, call->database, gIndex);
-    connectMovement(form, call->database);
+    ShowDeliveryRecord(form, call->database, *call->customers, recordIdOf(gItems->Item(gIndex)));
+    connectMovement(*call);
     return call;
 }
 
 void OpenRecordList(Items& items)
 {
+    HandlerFailures failures;
     if (const auto call = PrepareRecordList(items))
-        call->form.exec();
+        failures.exec(call->form);
 }
 
 void OpenNewRecord()
 {
-    EntryCall call(gDB);
-    FillCustomerCombo(call.form);
+    HandlerFailures failures;
+    EntryCall call;
+    FillCustomerCombo(call.form, *call.customers);
     call.form.toolbar1()->setButtonEnabled(Forward, false);
     call.form.toolbar1()->setButtonEnabled(RecordList, false);
     gIndex = 0;
     call.form.gNewStart();
-    call.form.exec();
+    failures.exec(call.form);
 }
 
-void FillCustomerCombo(frmData& form)
+void FillCustomerCombo(frmData& form, const CustomerList& customers)
 {
     auto* combo = form.control<QComboBox>(QStringLiteral("cobCustomer"));
-    for (int i = 0; i < gCustomers->Count(); ++i) {
-        const auto customer = gCustomers->At(i);
-        if (customer->Deleted())
-            continue;
-        const long id = customer->CustomerID();
-        combo->addItem(customerItem(customer->CustomerName(), customer->CustomerCode()), qint64(id));
-        for (const SubCodeEntry& entry : customer->SubCodes()) {
-            const QString fullCode = customer->CustomerCode() + entry.SubCode;
-            combo->addItem(customerItem(customer->NameOfCode(fullCode), fullCode), qint64(id));
+    {
+        // Adding items selects nothing and runs no handler; Qt would select the first item added.
+        const QSignalBlocker quiet(combo);
+        for (int i = 0; i < customers.Count(); ++i) {
+            const auto customer = customers.At(i);
+            const Customer& c = required(customer);
+            if (c.Deleted())
+                continue;
+            const long id = c.CustomerID();
+            combo->addItem(customerItem(c.CustomerName(), c.CustomerCode()), qint64(id));
+            for (const SubCodeEntry& entry : c.SubCodes()) {
+                const QString fullCode = c.CustomerCode() + entry.SubCode;
+                combo->addItem(customerItem(c.NameOfCode(fullCode), fullCode), qint64(id));
+            }
         }
+        combo->setCurrentIndex(-1);
     }
 }
 
-void ShowNextRecord(frmData& form, db::Database& database)
+void ShowNextRecord(EntryCall& call)
 {
     if (gIndex == gItems->Count())
         return;
-    form.toolbar1()->setButtonEnabled(Back, true);
-    ++gIndex;
-    if (gIndex == gItems->Count())
-        form.toolbar1()->setButtonEnabled(Forward, false);
-    showElement(form, database, gIndex);
+    const qint32 target = gIndex + 1;
+    moveTo(call, target, [&] {
+        call.form.toolbar1()->setButtonEnabled(Back, true);
+        if (target == gItems->Count())
+            call.form.toolbar1()->setButtonEnabled(Forward, false);
+    });
 }
 
-void ShowPreviousRecord(frmData& form, db::Database& database)
+void ShowPreviousRecord(EntryCall& call)
 {
     // Only the count is guarded: the menu command can reach position 1, and then the lookup of
     // element 0 fails and is reported.
     if (gItems->Count() == 1)
         return;
-    form.toolbar1()->setButtonEnabled(Forward, true);
-    --gIndex;
-    if (gIndex == 1)
-        form.toolbar1()->setButtonEnabled(Back, false);
-    showElement(form, database, gIndex);
+    const qint32 target = gIndex - 1;
+    moveTo(call, target, [&] {
+        call.form.toolbar1()->setButtonEnabled(Forward, true);
+        if (target == 1)
+            call.form.toolbar1()->setButtonEnabled(Back, false);
+    });
 }
 
-void ShowRecordAt(frmData& form, db::Database& database, qint32 position)
+void ShowRecordAt(EntryCall& call, qint32 position)
 {
-    gIndex = position;
-    form.toolbar1()->setButtonEnabled(Forward, gIndex < gItems->Count());
-    form.toolbar1()->setButtonEnabled(Back, gIndex >= 2);
-    showElement(form, database, gIndex);
+    moveTo(call, position, [&] {
+        call.form.toolbar1()->setButtonEnabled(Forward, position < gItems->Count());
+        call.form.toolbar1()->setButtonEnabled(Back, position >= 2);
+    });
 }
 
 } // namespace tolvinpt

@@ -3,23 +3,29 @@
 #include "forms/frmData/frmData.h"
 #include "platform/database.h"
 
+#include <tolvinpt/host.h>
 #include <tolvinpt/items.h>
 
 #include <memory>
 
 namespace tolvinpt {
 
-// What one entry call holds while the form is up: the store's access to gDB and the loaded form.
+// What one entry call holds while the form is up: the host's objects as the call found them (held, so
+// that an fmInput destroyed meanwhile releases nothing the form still uses), the store's access to gDB
+// and the loaded form. Throws the "object not set" error when a host object is missing.
 struct EntryCall
 {
-    explicit EntryCall(const QSqlDatabase& connection);
+    EntryCall();
+    std::shared_ptr<CompanySettings> company;
+    std::shared_ptr<CustomerList> customers;
     db::Database database;
     frmData form;
 };
 
 // One entry call: load the entry form on the host's list, show the first record, show the form
 // modally, unload it. Returns at once when `items` is empty. Throws tolvinpt::Error when a record of
-// the list does not exist or the database fails while the list is prepared.
+// the list does not exist, and db::DatabaseError when the database fails while the list is prepared.
+// A failure of a host object while the form is up closes the form and is thrown once it is closed.
 void OpenRecordList(Items& items);
 // Everything OpenRecordList does before the modal show: the loaded form with its record list, the
 // customer choice and the first record. Null when `items` is empty.
@@ -28,12 +34,14 @@ std::unique_ptr<EntryCall> PrepareRecordList(Items& items);
 void OpenNewRecord();
 
 // Fills the customer choice of a freshly loaded form: one item per customer not deleted, then one per
-// sub-code, each carrying the customer's id as item data.
-void FillCustomerCombo(frmData& form);
+// sub-code, each carrying the customer's id as item data. No item is selected afterwards.
+void FillCustomerCombo(frmData& form, const CustomerList& customers);
 
 // Record movement within gItems on the form of the running call; none of them asks about changes.
-void ShowNextRecord(frmData& form, db::Database& database);
-void ShowPreviousRecord(frmData& form, db::Database& database);
-void ShowRecordAt(frmData& form, db::Database& database, qint32 position);
+// The record is read before anything moves: when that read fails, the operator sees the database's
+// message and the form, the position and the buttons stay as they were.
+void ShowNextRecord(EntryCall& call);
+void ShowPreviousRecord(EntryCall& call);
+void ShowRecordAt(EntryCall& call, qint32 position);
 
 } // namespace tolvinpt

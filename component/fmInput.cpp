@@ -3,6 +3,7 @@
 #include "component/entry_procedure.h"
 #include "component/host_registry.h"
 #include "component/state.h"
+#include "platform/database.h"
 #include "platform/messages.h"
 
 #include <QFileInfo>
@@ -12,16 +13,22 @@
 namespace tolvinpt {
 namespace {
 
-// Host failures of any kind leave the component as the one error type of the public API.
-template <typename Call>
-auto raisedToCaller(Call call)
+constexpr long AutomationError = 440;
+
+// Failures of any kind leave the component as the one error type of the public API: a database error
+// with the engine's own number, anything else the host's objects throw as an automation error.
+template <typename Call> auto raisedToCaller(Call call)
 {
     try {
         return call();
     } catch (const Error&) {
         throw;
+    } catch (const db::DatabaseError& e) {
+        throw Error(e.description(), e.number());
     } catch (const std::exception& e) {
-        throw Error(QString::fromLocal8Bit(e.what()), 440);
+        throw Error(QString::fromLocal8Bit(e.what()), AutomationError);
+    } catch (...) {
+        throw Error(QStringLiteral("Automation error"), AutomationError);
     }
 }
 
@@ -39,7 +46,7 @@ fmInput::fmInput()
 {
     raisedToCaller([] {
         gCompany = hostObjects().CreateCompanySettings();
-        gDB = gCompany->Database();
+        gDB = required(gCompany).Database();
         gCustomers = hostObjects().CreateCustomerList();
     });
 }

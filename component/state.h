@@ -15,6 +15,23 @@ extern std::shared_ptr<CompanySettings> gCompany;
 extern QSqlDatabase gDB;
 extern std::shared_ptr<CustomerList> gCustomers;
 
+// Throws the "object not set" error (91): a host object that the call needs is missing, because the
+// host's factory returned none, a host object returned none, or an fmInput was destroyed and released
+// the shared objects.
+[[noreturn]] void throwObjectNotSet();
+
+// The object, or the "object not set" error.
+template <typename T> T& required(const std::shared_ptr<T>& object)
+{
+    if (!object)
+        throwObjectNotSet();
+    return *object;
+}
+
+// gDB when it is an open connection: "object not set" when the host gave none, "object invalid" (3420)
+// when it is closed.
+const QSqlDatabase& openDatabase();
+
 // Customers not marked Deleted; counted anew on every call.
 int CountActiveCustomers();
 

@@ -3,7 +3,13 @@
 #include "platform/database.h"
 #include "platform/sql_dialect.h"
 #include "platform/sql_values.h"
+#include "platform/transaction.h"
 #include "store/package_quantities.h"
+
+#include <QHash>
+
+#include <algorithm>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -11,21 +17,26 @@ namespace tolvinpt {
 
 namespace {
 
-// The columns are named rather than '*': their positions are then those of DeliveryColumn, and columns
-// that a host added to the table are not transferred.
-QString selectColumns()
+// The column of a result column's name, letter case ignored as SQL does; every record read maps its
+// columns with it, so it is a hash rather than a walk through the catalogue.
+std::optional<DeliveryColumn> columnNamed(const QString& name)
 {
-    QString list;
-    for (const DeliveryColumnInfo& info : deliveryColumns())
-        list += (list.isEmpty() ? u""_s : u", "_s) + info.name;
-    return u"SELECT "_s + list + u" FROM T_Delivery"_s;
+    static const QHash<QString, DeliveryColumn> byName = [] {
+        QHash<QString, DeliveryColumn> names;
+        for (const DeliveryColumnInfo& info : deliveryColumns())
+            names.insert(info.name.toString().toCaseFolded(), info.column);
+        return names;
+    }();
+    const auto it = byName.constFind(name.toCaseFolded());
+    return it == byName.cend() ? std::nullopt : std::optional(*it);
 }
 
 } // namespace
 
 QString deliveryRecordSql()
 {
-    return selectColumns() + u" WHERE IDData = ?"_s;
+    // '*' rather than our column names: a column that the host's table lacks must not fail the read.
+    return u"SELECT * FROM T_Delivery WHERE IDData = ?"_s;
 }
 
 QString packageRowsSql()
@@ -47,17 +58,34 @@ std::optional<DeliveryRecord> readDeliveryRecord(db::Database& database, qint64 
     if (!statement.next())
         return std::nullopt;
     std::optional<DeliveryRecord> record(std::in_place);
-    for (int i = 0; i < DeliveryColumnCount; ++i)
-        record->set(static_cast<DeliveryColumn>(i), statement.value(i));
+    for (int i = 0; i < statement.columnCount(); ++i) {
+        if (const auto column = columnNamed(statement.columnName(i)))
+            record->set(*column, statement.value(i));
+    }
     return record;
 }
 
-std::optional<QString> readDeliveryKey(db::Database& database, qint64 id)
+std::vector<std::optional<QString>> readDeliveryKeys(db::Database& database, const std::vector<qint64>& ids)
 {
-    const auto key = database.scalar(u"SELECT F00159 FROM T_Delivery WHERE IDData = ?"_s, {id});
-    if (!key)
-        return std::nullopt;
-    return db::readText(*key).value_or(QString());
+    // In ascending id order, so that consecutive lookups walk the same pages of the key's index.
+    std::vector<std::size_t> order(ids.size());
+    std::iota(order.begin(), order.end(), std::size_t(0));
+    std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) { return ids[a] < ids[b]; });
+
+    std::vector<std::optional<QString>> keys(ids.size());
+    const db::Transaction snapshot(database);
+    db::Statement statement = database.prepare(u"SELECT F00159 FROM T_Delivery WHERE IDData = ?"_s);
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        const std::size_t at = order[i];
+        if (i > 0 && ids[at] == ids[order[i - 1]]) {
+            keys[at] = keys[order[i - 1]];
+            continue;
+        }
+        statement.bind(0, ids[at]).exec();
+        if (statement.next())
+            keys[at] = db::readText(statement.value(0)).value_or(QString());
+    }
+    return keys;
 }
 
 PackageRows readPackageRows(db::Database& database, qint64 id)

@@ -16,12 +16,14 @@ class SqlDialect;
 // Reads of the delivery tables. Each throws DatabaseError when the engine fails.
 // Threading: UI thread only, like the connection.
 
-// The record with that IDData; nullopt when there is none.
+// The record with that IDData; nullopt when there is none. The row is read whole and its columns are
+// taken by name, so a column that the host's table lacks is missing from the record (has() is false)
+// and fails nothing else.
 std::optional<DeliveryRecord> readDeliveryRecord(db::Database& database, qint64 id);
 
-// The delivery key number (F00159) of a record, for the record list: empty text when it is Null,
-// nullopt when there is no such record.
-std::optional<QString> readDeliveryKey(db::Database& database, qint64 id);
+// The delivery key numbers (F00159) of the records `ids`, for the record list, read in one read
+// transaction: per id its key, empty text when it is Null, nullopt when there is no such record.
+std::vector<std::optional<QString>> readDeliveryKeys(db::Database& database, const std::vector<qint64>& ids);
 
 // The per-package quantities of a record in Sequence order (the Sequence values themselves are not
 // consulted): at most MaxPackages, each nullopt where the stored quantity is Null or not a number.

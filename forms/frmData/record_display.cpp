@@ -3,6 +3,7 @@
 #include "forms/assign_text.h"
 #include "forms/combo_items.h"
 #include "forms/frmData/frmData.h"
+#include "platform/database.h"
 #include "platform/date.h"
 #include "platform/decimal.h"
 #include "platform/event_guard.h"
@@ -48,12 +49,14 @@ constexpr FieldColumn Remarks[] = {
     {u"txtMyRemarksK", C::F00276},     {u"txtCustomBar", C::F00161},      {u"txtMyBar", C::F00163},
 };
 
-// One statement of the display: a failure is skipped, the display goes on.
+// One statement of the display: a value that is missing or unreadable, or a database error, skips it and
+// the display goes on. A failure of the host's objects is no statement's own: it ends the display.
 void step(const std::function<void()>& statement)
 {
     try {
         statement();
-    } catch (const std::exception&) {
+    } catch (const std::bad_optional_access&) {
+    } catch (const db::DatabaseError&) {
     }
 }
 
@@ -176,14 +179,18 @@ void showRecord(frmData& form, db::Database& database, const CustomerList& custo
 
 } // namespace
 
-void ShowDeliveryRecord(frmData& form, db::Database& database, const CustomerList& customers, qint64 id)
+void ShowDeliveryRecord(frmData& form, db::Database& database, const CustomerList& customers,
+                        const std::optional<DeliveryRecord>& record)
 {
-    std::optional<DeliveryRecord> record;
-    step([&] { record = readDeliveryRecord(database, id); });
     if (record)
         showRecord(form, database, customers, *record);
     form.bChanged = false;
     form.bChangedQTY = false;
+}
+
+void ShowDeliveryRecord(frmData& form, db::Database& database, const CustomerList& customers, qint64 id)
+{
+    ShowDeliveryRecord(form, database, customers, readDeliveryRecord(database, id));
 }
 
 } // namespace tolvinpt

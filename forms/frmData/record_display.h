@@ -1,6 +1,10 @@
 #pragma once
 
+#include "store/delivery_record.h"
+
 #include <QtGlobal>
+
+#include <optional>
 
 namespace tolvinpt {
 
@@ -10,11 +14,16 @@ namespace db {
 class Database;
 }
 
-// Reads the record `id` from T_Delivery (and its packages) and shows it on `form`: every field, the
-// kind caption, the supplier fields opened or locked by the view-only setting, the package frame.
-// A failing step (a database error, a Null or unreadable column, a missing customer) is skipped and the
-// rest still runs, so one bad column leaves its field as the cleared form had it. A record that does not
-// exist leaves the form as it was. Either way the form ends without pending changes.
+// Shows a record read by readDeliveryRecord on `form`: every field, the kind caption, the supplier
+// fields opened or locked by the view-only setting, the package frame (its package rows are read here).
+// A failing step (a Null, missing or unreadable column, a database error) is skipped and the rest still
+// runs, so one bad column leaves its field as the cleared form had it; a failure of the host's objects
+// ends the display and is thrown. No record (nullopt) leaves the form as it was. Either way the form
+// ends without pending changes.
+void ShowDeliveryRecord(frmData& form, db::Database& database, const CustomerList& customers,
+                        const std::optional<DeliveryRecord>& record);
+// Reads the record `id` and shows it as above. Throws db::DatabaseError, with the form unchanged, when
+// the read fails as a whole.
 void ShowDeliveryRecord(frmData& form, db::Database& database, const CustomerList& customers, qint64 id);
 
 // Opens (false) or locks (true) the supplier-editable fields and the commands that change records.

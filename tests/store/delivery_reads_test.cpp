@@ -34,11 +34,21 @@ TEST_P(Reads, DeletingARecordTakesItsPackagesAlongAndAMissingOneReadsAsNothing)
 {
     const qint64 id = insert(1, u"A"_s, u"KEY-1"_s);
     insertPackageRows(temp.db(), id, {u"1"_s, u"2"_s});
-    EXPECT_EQ(readDeliveryKey(temp.db(), id), u"KEY-1"_s);
     deleteDeliveryRecord(temp.db(), id);
     EXPECT_FALSE(readDeliveryRecord(temp.db(), id));
-    EXPECT_FALSE(readDeliveryKey(temp.db(), id));
     EXPECT_TRUE(readPackageRows(temp.db(), id).quantities.empty());
+}
+
+TEST_P(Reads, DeliveryKeysComeInListOrder)
+{
+    const qint64 a = insert(1, u"A"_s, u"KEY-A"_s);
+    const qint64 b = insert(1, u"B"_s, u"KEY-B"_s);
+    DeliveryRecord noKey;
+    noKey.setNull(C::F00159);
+    const qint64 n = insertDeliveryRecord(temp.db(), noKey);
+    const std::vector<std::optional<QString>> expected{u"KEY-B"_s, std::nullopt, u"KEY-A"_s, u""_s,
+                                                       u"KEY-B"_s};
+    EXPECT_EQ(readDeliveryKeys(temp.db(), {b, 999, a, n, b}), expected);
 }
 
 TEST_P(Reads, PackagesComeInSequenceOrderWhateverTheirNumbers)
