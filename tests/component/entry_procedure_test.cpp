@@ -12,20 +12,44 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QToolButton>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSqlQuery>
 #include <QTimer>
+#include <QToolButton>
+
+#include <QTest>
 
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 using namespace tolvinpt;
 using C = tolvinpt::DeliveryColumn;
 
 namespace {
+
+// A second connection to the same file holding an exclusive lock: nobody else reads until it goes.
+class ExclusiveLock
+{
+public:
+    explicit ExclusiveLock(const QString& file)
+    {
+        QSqlDatabase connection = QSqlDatabase::addDatabase(u"QSQLITE"_s, Name);
+        connection.setDatabaseName(file);
+        EXPECT_TRUE(connection.open() && QSqlQuery(connection).exec(u"BEGIN EXCLUSIVE"_s));
+    }
+    ~ExclusiveLock()
+    {
+        QSqlDatabase::database(Name).close();
+        QSqlDatabase::removeDatabase(Name);
+    }
+
+private:
+    inline static const QString Name = u"locker"_s;
+};
 
 class EntryCall : public testing::Test
 {
@@ -46,14 +70,15 @@ protected:
         test::registerFakeHost(host);
         for (const char* key : {"K-1", "K-2", "K-3"})
             ids.append(insert(QString::fromLatin1(key)));
+        temp.db().execute(u"PRAGMA busy_timeout = 0"_s); // a lock fails at once instead of after 5 s
     }
     void TearDown() override { RegisterHostObjects(nullptr); }
 
-    qint64 insert(const QString& key)
+    qint64 insert(const QString& key, const QString& buyer = u"1234"_s)
     {
         DeliveryRecord record;
         record.set(C::IDCustomer, 1);
-        record.set(C::F00004, u"1234"_s);
+        record.set(C::F00004, buyer);
         record.set(C::F00159, key);
         return insertDeliveryRecord(temp.db(), record);
     }
@@ -76,7 +101,22 @@ protected:
             state += form.toolbar1()->button(QString::fromUtf16(key))->isEnabled() ? u'1' : u'0';
         return state;
     }
-    static QString shownKey(const frmData& form) { return form.control<QLineEdit>(u"txtPaymentKeyNo"_s)->text(); }
+    static QString shownKey(const frmData& form)
+    {
+        return form.control<QLineEdit>(u"txtPaymentKeyNo"_s)->text();
+    }
+
+    // The one message since the last check: a failed movement, "description (number)" on the form's caption.
+    void expectMovementMessage(const QString& text)
+    {
+        ASSERT_EQ(messages.shown.size(), 1);
+        const Message& m = messages.shown[0];
+        EXPECT_EQ(m.text, text);
+        EXPECT_EQ(m.title, u"納品ﾃﾞｰﾀの入力"_s);
+        EXPECT_EQ(m.icon, QMessageBox::Warning);
+        EXPECT_EQ(m.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
+        messages.shown.clear();
+    }
 
     test::TempDatabase temp;
     test::FakeHostData host;
@@ -100,7 +140,8 @@ TEST_F(EntryCall, ButtonsFollowThePositionThroughTheList)
         {"first", [](frmData&) {}, "011", "K-1"},
         {"next", next, "111", "K-2"},
         {"next again", next, "101", "K-3"},
-        {"next at the end changes nothing", [](frmData& f) { f.menuItem(u"mnuDataNext"_s)->trigger(); }, "101", "K-3"},
+        {"next at the end changes nothing", [](frmData& f) { f.menuItem(u"mnuDataNext"_s)->trigger(); },
+         "101", "K-3"},
         {"back", back, "111", "K-2"},
         {"choose entry 1", choose(1), "011", "K-1"},
         {"choose entry 3", choose(3), "101", "K-3"},
@@ -125,11 +166,14 @@ TEST_F(EntryCall, ButtonsFollowThePositionThroughTheList)
 
 TEST_F(EntryCall, OneRecordDisablesMovementButKeepsItsEntry)
 {
-    Items items{ids[1]};
+    Items items{insert(u"K-9"_s, u"7777"_s)};
     whileShown([&](frmData& form) {
         EXPECT_EQ(buttons(form), u"000"_s);
         EXPECT_EQ(form.recordList()->count(), 1);
-        EXPECT_EQ(shownKey(form), u"K-2"_s);
+        EXPECT_EQ(shownKey(form), u"K-9"_s);
+        // A buyer that is not in the list selects no customer (a save would store the selected one's id).
+        EXPECT_EQ(form.control<QComboBox>(u"cobCustomer"_s)->currentIndex(), -1);
+        EXPECT_EQ(form.control<QLineEdit>(u"txtCustomCode"_s)->text(), u"7777"_s);
     });
     fmInput input;
     input.InputData(items);
@@ -141,12 +185,144 @@ TEST_F(EntryCall, StepBackFromTheFirstRecordIsReportedAndTheFormStays)
     whileShown([&](frmData& form) {
         form.menuItem(u"mnuDataPrevious"_s)->trigger();
         EXPECT_EQ(gIndex, 0);
-        ASSERT_EQ(messages.shown.size(), 1);
-        EXPECT_TRUE(messages.shown[0].text.endsWith(u"(9)"_s)) << messages.shown[0].text.toStdString();
+        expectMovementMessage(u"Index out of range (9)"_s);
         EXPECT_TRUE(form.isVisible());
     });
     fmInput input;
     input.InputData(items);
+}
+
+TEST_F(EntryCall, ALockedDatabaseKeepsTheFormOnItsRecordAndSaysSo)
+{
+    Items items{ids[0], ids[1]};
+    whileShown([&](frmData& form) {
+        {
+            const ExclusiveLock lock(temp.filePath());
+            form.toolbar1()->button(u"進む"_s)->click();
+        }
+        expectMovementMessage(u"database is locked (5)"_s);
+        EXPECT_EQ(shownKey(form), u"K-1"_s);
+        EXPECT_EQ(form.control<QLineEdit>(u"txtIDData"_s)->text(), QString::number(ids[0]));
+        EXPECT_EQ(gIndex, 1);
+        EXPECT_EQ(buttons(form), u"011"_s);
+        EXPECT_EQ(form.recordList()->count(), 2);
+        form.toolbar1()->button(u"進む"_s)->click(); // the lock gone, the same command moves
+        EXPECT_EQ(shownKey(form), u"K-2"_s);
+    });
+    fmInput input;
+    input.InputData(items);
+}
+
+TEST_F(EntryCall, FaultyHostsFailTheCallAndTheNextCallWorks)
+{
+    using test::Fault;
+    host.multipleOwnCodes = true; // the own code is chosen from the list and named by NameOf
+    host.ownCode = u"*"_s;
+    host.ownCodes = {{u"東京工場"_s, u"0101"_s}, {u"大阪工場"_s, u"0202"_s}};
+    std::optional<ExclusiveLock> lock;
+    const auto next = [](frmData& f) { f.toolbar1()->button(u"進む"_s)->click(); };
+    const auto pickOwnCode = [](frmData& f) { QTest::keyClick(f.control(u"cobMyCodes"_s), Qt::Key_Down); };
+    struct Case
+    {
+        const char* what;
+        QHash<QString, Fault> faults; // armed before the fmInput is created
+        std::function<void()> afterCreate;
+        QHash<QString, Fault> faultsWhileOpen; // armed on the open form, then `act`
+        std::function<void(frmData&)> act;
+        bool newData;
+        long number;
+        QString description; // checked when given
+    };
+    const Case cases[] = {
+        {"no company settings",
+         {{u"CreateCompanySettings"_s, Fault::ReturnsNull}},
+         {},
+         {},
+         {},
+         false,
+         91,
+         {}},
+        {"no database", {{u"Database"_s, Fault::ReturnsNull}}, {}, {}, {}, false, 91, {}},
+        {"no customer list", {{u"CreateCustomerList"_s, Fault::ReturnsNull}}, {}, {}, {}, false, 91, {}},
+        {"no customer at a position", {{u"At"_s, Fault::ReturnsNull}}, {}, {}, {}, true, 91, {}},
+        {"a count beyond the list", {{u"Count"_s, Fault::OneTooMany}}, {}, {}, {}, false, 440, {}},
+        {"another fmInput destroyed",
+         {},
+         [] { fmInput other; },
+         {},
+         {},
+         false,
+         91,
+         u"Object variable or With block variable not set"_s},
+        {"the customer lookup of the first record throws",
+         {{u"ByKey"_s, Fault::Throws}},
+         {},
+         {},
+         {},
+         false,
+         440,
+         u"fake host: ByKey failed"_s},
+        {"the view-only setting throws on moving",
+         {},
+         {},
+         {{u"ViewOnly"_s, Fault::Throws}},
+         next,
+         false,
+         440,
+         u"fake host: ViewOnly failed"_s},
+        {"the own-code name throws no std::exception",
+         {},
+         {},
+         {{u"NameOf"_s, Fault::ThrowsForeign}},
+         pickOwnCode,
+         true,
+         440,
+         {}},
+        {"the database is locked",
+         {},
+         [&] { lock.emplace(temp.filePath()); },
+         {},
+         {},
+         false,
+         5,
+         u"database is locked"_s},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        host.faults = c.faults;
+        if (c.act) {
+            whileShown([&](frmData& form) {
+                host.faults = c.faultsWhileOpen;
+                c.act(form);
+                EXPECT_FALSE(form.isVisible()) << "the failure closed the form";
+            });
+        }
+        try {
+            fmInput input;
+            if (c.afterCreate)
+                c.afterCreate();
+            Items items{ids[0], ids[1]};
+            c.newData ? void(input.NewData()) : input.InputData(items);
+            ADD_FAILURE() << "no error";
+        } catch (const Error& e) {
+            EXPECT_EQ(e.number(), c.number);
+            if (!c.description.isEmpty()) {
+                EXPECT_EQ(e.description(), c.description);
+            }
+        }
+        EXPECT_FALSE(QApplication::activeModalWidget());
+
+        // The process goes on: the next call on a sound host shows and closes its form.
+        host.faults.clear();
+        lock.reset();
+        test::registerFakeHost(host);
+        bool shown = false;
+        whileShown([&](frmData&) { shown = true; });
+        fmInput input;
+        Items items{ids[2]};
+        EXPECT_NO_THROW(input.InputData(items));
+        EXPECT_TRUE(shown);
+    }
 }
 
 TEST_F(EntryCall, BadListsFailTheCallWithoutShowingTheForm)

@@ -2,6 +2,7 @@
 
 #include <tolvinpt/host.h>
 
+#include <QHash>
 #include <QList>
 
 #include <memory>
@@ -21,6 +22,14 @@ struct FakeCustomerData
     bool hideQuantityFrame = false;
 };
 
+// How a member of a fake host object misbehaves, for the faulty-host tests.
+enum class Fault {
+    Throws,        // a std::runtime_error naming the member
+    ThrowsForeign, // something that is no std::exception
+    ReturnsNull,   // CreateCompanySettings, CreateCustomerList, At; Database: a connection that is not set
+    OneTooMany,    // Count: one more than the list holds
+};
+
 struct FakeHostData
 {
     QString connectionName;
@@ -33,6 +42,9 @@ struct FakeHostData
     QList<FakeCustomerData> customers;
     int companySettingsCreated = 0;
     int customerListsCreated = 0;
+    // Faults by member name ("NameOf", "At", "ViewOnly", ...); read on every call, so a test can arm one
+    // while the form is up.
+    QHash<QString, Fault> faults;
 };
 
 // Registers a factory over `data` (kept by reference: later edits show in new objects).
