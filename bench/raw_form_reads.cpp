@@ -1,19 +1,24 @@
 #include "bench/raw_form_reads.h"
 
+#include "bench/raw_sqlite.h"
+
 #include <sqlite3.h>
 
+#include <algorithm>
+#include <numeric>
 #include <stdexcept>
 
 namespace tolvinpt::bench {
 
 RawFormReads::RawFormReads(const std::string& file, const std::string& recordSql,
                            const std::string& packagesSql)
+    : m_db(openLikeQt(file))
 {
-    if (sqlite3_open_v2(file.c_str(), &m_db, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK)
-        throw std::runtime_error(sqlite3_errmsg(m_db));
     m_record = prepare(recordSql);
     m_packages = prepare(packagesSql);
     m_key = prepare("SELECT F00159 FROM T_Delivery WHERE IDData = ?");
+    m_begin = prepare("BEGIN");
+    m_commit = prepare("COMMIT");
 }
 
 RawFormReads::~RawFormReads()
@@ -72,17 +77,26 @@ std::size_t RawFormReads::readRecordAndPackages(std::int64_t id)
     return m_values.size();
 }
 
-std::optional<std::string> RawFormReads::readDeliveryKey(std::int64_t id)
+std::vector<std::optional<std::string>> RawFormReads::readDeliveryKeys(const std::vector<long long>& ids)
 {
-    sqlite3_bind_int64(m_key, 1, id);
-    std::optional<std::string> key;
-    if (sqlite3_step(m_key) == SQLITE_ROW) {
-        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(m_key, 0));
-        key = text ? std::string(text, static_cast<std::size_t>(sqlite3_column_bytes(m_key, 0)))
-                   : std::string();
+    std::vector<std::size_t> order(ids.size());
+    std::iota(order.begin(), order.end(), std::size_t(0));
+    std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) { return ids[a] < ids[b]; });
+    std::vector<std::optional<std::string>> keys(ids.size());
+    sqlite3_step(m_begin);
+    sqlite3_reset(m_begin);
+    for (const std::size_t at : order) {
+        sqlite3_bind_int64(m_key, 1, ids[at]);
+        if (sqlite3_step(m_key) == SQLITE_ROW) {
+            const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(m_key, 0));
+            keys[at] = text ? std::string(text, static_cast<std::size_t>(sqlite3_column_bytes(m_key, 0)))
+                            : std::string();
+        }
+        sqlite3_reset(m_key);
     }
-    sqlite3_reset(m_key);
-    return key;
+    sqlite3_step(m_commit);
+    sqlite3_reset(m_commit);
+    return keys;
 }
 
 } // namespace tolvinpt::bench

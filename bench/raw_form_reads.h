@@ -26,8 +26,9 @@ public:
     // Copies every column of the record and the quantities of its package rows out; the number of
     // values copied, 0 when there is no such record.
     std::size_t readRecordAndPackages(std::int64_t id);
-    // The delivery key number (F00159) of the record; nullopt when there is no such record.
-    std::optional<std::string> readDeliveryKey(std::int64_t id);
+    // The delivery key numbers (F00159) of the records `ids`, in one transaction, in ascending id
+    // order as the record list reads them: per id its key, nullopt when there is no such record.
+    std::vector<std::optional<std::string>> readDeliveryKeys(const std::vector<long long>& ids);
 
 private:
     using Value = std::variant<std::monostate, std::int64_t, double, std::string>;
@@ -41,6 +42,8 @@ private:
     sqlite3_stmt* m_record;
     sqlite3_stmt* m_packages;
     sqlite3_stmt* m_key;
+    sqlite3_stmt* m_begin;
+    sqlite3_stmt* m_commit;
     std::vector<Value> m_values;
 };
 

@@ -1,5 +1,9 @@
 #include "bench/raw_sqlite.h"
 
+#include "platform/sqlite_backend.h"
+
+#include <QSqlDatabase>
+
 #include <sqlite3.h>
 
 #include <stdexcept>
@@ -16,9 +20,41 @@ void check(sqlite3* db, int rc)
 
 } // namespace
 
-RawSqlite::RawSqlite(const std::string& file, const RawStatements& sql)
+bool qtOpensWithoutMutex()
 {
-    check(m_db, sqlite3_open_v2(file.c_str(), &m_db, SQLITE_OPEN_READWRITE, nullptr));
+    static const bool withoutMutex = [] {
+        const QString name = QStringLiteral("tolvinpt-bench-open-flags");
+        bool none = false;
+        {
+            QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+            connection.setDatabaseName(QStringLiteral(":memory:"));
+            if (!connection.open())
+                throw std::runtime_error("Qt cannot open an SQLite connection");
+            none = sqlite3_db_mutex(db::sqliteHandle(connection)) == nullptr;
+        }
+        QSqlDatabase::removeDatabase(name);
+        return none;
+    }();
+    return withoutMutex;
+}
+
+sqlite3* openLikeQt(const std::string& file)
+{
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_PRIVATECACHE |
+                      (qtOpensWithoutMutex() ? SQLITE_OPEN_NOMUTEX : 0);
+    sqlite3* db = nullptr;
+    if (sqlite3_open_v2(file.c_str(), &db, flags, nullptr) != SQLITE_OK) {
+        const std::string message = db ? sqlite3_errmsg(db) : "out of memory";
+        sqlite3_close(db);
+        throw std::runtime_error(message);
+    }
+    sqlite3_extended_result_codes(db, 1);
+    sqlite3_busy_timeout(db, 5000); // QSQLITE_BUSY_TIMEOUT's default
+    return db;
+}
+
+RawSqlite::RawSqlite(const std::string& file, const RawStatements& sql) : m_db(openLikeQt(file))
+{
     m_read = prepare(sql.readRecord);
     m_find = prepare(sql.findByKey);
     m_insert = prepare(sql.insertRecord);

@@ -16,6 +16,14 @@ namespace tolvinpt::bench {
 
 using RawValue = std::variant<std::monostate, std::int64_t, double, std::string>;
 
+// Opens `file` as Qt's QSQLITE driver opens its connections, so that the baseline pays the same
+// locking per call: read-write (created when missing), extended result codes, Qt's busy timeout, and
+// no connection mutex when Qt's connections have none. That last one is not assumed: a connection that
+// Qt opens is asked once (SQLite gives a connection opened without a mutex no mutex to return).
+sqlite3* openLikeQt(const std::string& file);
+// Whether Qt opens its SQLite connections without a connection mutex (SQLITE_OPEN_NOMUTEX).
+bool qtOpensWithoutMutex();
+
 struct RawStatements
 {
     std::string readRecord;   // one '?': IDData
