@@ -77,9 +77,9 @@ int Statement::columnCount() const
     return m_statement->columnCount();
 }
 
-QString Statement::columnName(int column) const
+const QStringList& Statement::columnNames() const
 {
-    return m_statement->columnName(column);
+    return m_statement->columnNames();
 }
 
 qint64 Statement::lastInsertId() const

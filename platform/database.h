@@ -59,7 +59,9 @@ public:
     // Column value of the current row, in the representation the engine returned (see sql_values.h).
     QVariant value(int column) const;
     int columnCount() const;
-    QString columnName(int column) const;
+    // Names of the result columns in order. The list stays the same object while the names stay the
+    // same, so a caller can keep what it worked out from them and compare the lists cheaply.
+    const QStringList& columnNames() const;
     // Key assigned by the last insert on the connection; rows changed by the last write.
     qint64 lastInsertId() const;
     qint64 rowsAffected() const;

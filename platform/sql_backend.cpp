@@ -40,13 +40,23 @@ public:
     }
     QVariant value(int column) const override { return m_query.value(column); }
     int columnCount() const override { return m_query.record().count(); }
-    QString columnName(int column) const override { return m_query.record().fieldName(column); }
+    const QStringList& columnNames() const override
+    {
+        QStringList names;
+        const QSqlRecord record = m_query.record();
+        for (int i = 0; i < record.count(); ++i)
+            names.append(record.fieldName(i));
+        if (names != m_names)
+            m_names = names;
+        return m_names;
+    }
     qint64 lastInsertId() const override { return m_query.lastInsertId().toLongLong(); }
     qint64 rowsAffected() const override { return m_query.numRowsAffected(); }
     void reset() override { m_query.finish(); }
 
 private:
     QSqlQuery m_query;
+    mutable QStringList m_names;
 };
 
 class QtSqlBackend final : public SqlBackend

@@ -19,7 +19,7 @@ public:
     virtual bool next() = 0;
     virtual QVariant value(int column) const = 0;
     virtual int columnCount() const = 0;
-    virtual QString columnName(int column) const = 0;
+    virtual const QStringList& columnNames() const = 0;
     virtual qint64 lastInsertId() const = 0;
     virtual qint64 rowsAffected() const = 0;
     // Ends the run and forgets the bindings, so the statement holds no lock and can be reused.

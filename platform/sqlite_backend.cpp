@@ -124,9 +124,17 @@ public:
     }
 
     int columnCount() const override { return sqlite3_column_count(m_statement); }
-    QString columnName(int column) const override
+    const QStringList& columnNames() const override
     {
-        return QString::fromUtf8(sqlite3_column_name(m_statement, column));
+        // SQLite prepares a statement again after a schema change, and the names may change with it.
+        const int prepared = sqlite3_stmt_status(m_statement, SQLITE_STMTSTATUS_REPREPARE, 0);
+        if (prepared != m_namesPrepared || m_names.size() != columnCount()) {
+            m_names.clear();
+            for (int i = 0; i < columnCount(); ++i)
+                m_names.append(QString::fromUtf8(sqlite3_column_name(m_statement, i)));
+            m_namesPrepared = prepared;
+        }
+        return m_names;
     }
     qint64 lastInsertId() const override { return sqlite3_last_insert_rowid(m_handle); }
     qint64 rowsAffected() const override { return sqlite3_changes64(m_handle); }
@@ -156,6 +164,8 @@ private:
     bool m_started = false;
     bool m_rowPending = false;
     bool m_done = false;
+    mutable QStringList m_names;
+    mutable int m_namesPrepared = -1;
 };
 
 class SqliteBackend final : public SqlBackend

@@ -6,8 +6,6 @@
 #include "platform/transaction.h"
 #include "store/package_quantities.h"
 
-#include <QHash>
-
 #include <algorithm>
 #include <numeric>
 
@@ -17,18 +15,23 @@ namespace tolvinpt {
 
 namespace {
 
-// The column of a result column's name, letter case ignored as SQL does; every record read maps its
-// columns with it, so it is a hash rather than a walk through the catalogue.
-std::optional<DeliveryColumn> columnNamed(const QString& name)
+// The DeliveryColumn of each result column by its name, letter case ignored as SQL does; worked out
+// again only when the statement's names change, not on every read.
+const std::vector<std::optional<DeliveryColumn>>& columnsNamed(const QStringList& names)
 {
-    static const QHash<QString, DeliveryColumn> byName = [] {
-        QHash<QString, DeliveryColumn> names;
-        for (const DeliveryColumnInfo& info : deliveryColumns())
-            names.insert(info.name.toString().toCaseFolded(), info.column);
-        return names;
-    }();
-    const auto it = byName.constFind(name.toCaseFolded());
-    return it == byName.cend() ? std::nullopt : std::optional(*it);
+    static QStringList known;
+    static std::vector<std::optional<DeliveryColumn>> columns;
+    if (names == known && columns.size() == std::size_t(names.size()))
+        return columns;
+    known = names;
+    columns.assign(std::size_t(names.size()), std::nullopt);
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        for (const DeliveryColumnInfo& info : deliveryColumns()) {
+            if (names[qsizetype(i)].compare(info.name, Qt::CaseInsensitive) == 0)
+                columns[i] = info.column;
+        }
+    }
+    return columns;
 }
 
 } // namespace
@@ -58,9 +61,10 @@ std::optional<DeliveryRecord> readDeliveryRecord(db::Database& database, qint64 
     if (!statement.next())
         return std::nullopt;
     std::optional<DeliveryRecord> record(std::in_place);
-    for (int i = 0; i < statement.columnCount(); ++i) {
-        if (const auto column = columnNamed(statement.columnName(i)))
-            record->set(*column, statement.value(i));
+    const auto& columns = columnsNamed(statement.columnNames());
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (columns[i])
+            record->set(*columns[i], statement.value(int(i)));
     }
     return record;
 }

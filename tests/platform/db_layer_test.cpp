@@ -50,7 +50,7 @@ TEST_P(Layer, RowsAreNumberedAndValuesBoundAndReadBackInTheirEngineForm)
     EXPECT_EQ(readDouble(statement.value(1)), 2.5);
     EXPECT_EQ(readText(statement.value(2)), u"ｶﾅ漢字"_s);
     EXPECT_TRUE(isNull(statement.value(3)));
-    EXPECT_EQ(statement.columnName(2), u"s"_s);
+    EXPECT_EQ(statement.columnNames(), (QStringList{u"i"_s, u"r"_s, u"s"_s, u"z"_s}));
     EXPECT_FALSE(statement.next());
 }
 
