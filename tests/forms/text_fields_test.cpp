@@ -85,6 +85,35 @@ TEST_F(TextFieldTest, WidthRules)
     }
 }
 
+// Switching the information page with the mouse leaves the field: a refused value keeps its page.
+TEST_F(TextFieldTest, SwitchingTheInformationPageChecksTheFieldFirst)
+{
+    auto* tabs = form->control<QTabBar>(u"TabStrip1"_s);
+    const auto clickTab = [&](int index) {
+        QTest::mouseClick(form->windowHandle(), Qt::LeftButton, {},
+                          tabs->mapTo(form.get(), tabs->tabRect(index).center()));
+    };
+    enter(u"txtMyRemarksA"_s);
+    input(u"備考"_s);
+    clickTab(1);
+    expectWidth(u"txtMyRemarksA"_s, u"備考"_s, false);
+    EXPECT_EQ(tabs->currentIndex(), 0);
+    EXPECT_TRUE(control(u"fraInfoMy"_s)->isVisible() && !control(u"fraInfoCust"_s)->isVisible());
+
+    clickTab(1); // emptied: accepted
+    EXPECT_TRUE(messages.shown.isEmpty());
+    EXPECT_EQ(tabs->currentIndex(), 1);
+    EXPECT_TRUE(control(u"fraInfoCust"_s)->isVisible() && !control(u"fraInfoMy"_s)->isVisible());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(focusedField(), control(u"txtCustomRemarksA"_s)) << "Tab goes on into the page shown";
+
+    // The wheel would switch without leaving the field: it switches nothing.
+    const QPointF at = tabs->tabRect(0).center();
+    QWheelEvent wheel(at, tabs->mapToGlobal(at), {}, {0, 120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(tabs, &wheel);
+    EXPECT_EQ(tabs->currentIndex(), 1);
+}
+
 // Text written by code (as a record is shown), then the field entered and left without typing.
 TEST_F(TextFieldTest, TheWriteBackMarksTheRecordChangedOnlyWhenItAltersTheText)
 {
