@@ -1,6 +1,7 @@
 // Form load, browse and new-record mode, the blank record, the order fields' lock, toolbars, menus,
 // the record list, the change flags and the package-mode options.
 #include "form_fixture.h"
+#include "stated_fields.h"
 
 #include "forms/combo_items.h"
 #include "forms/frmData/record_list_menu.h"
@@ -228,7 +229,7 @@ TEST_F(FormModesTest, OnlyTheShownMenusShortcutsWork)
     }
 }
 
-TEST_F(FormModesTest, EveryChangeMarksWhatTheCatalogueSays)
+TEST_F(FormModesTest, EveryChangeMarksWhatTheRulesSay)
 {
     host.multipleOwnCodes = true;
     host.ownCode = u"*"_s;
@@ -236,25 +237,20 @@ TEST_F(FormModesTest, EveryChangeMarksWhatTheCatalogueSays)
     load();
     form->gNewStart();
     combo(u"cobCustomer"_s)->addItems({u"得意先A:12345"_s, u"得:意:先B:00678"_s});
-    for (const auto& row : frmdata::controls()) {
-        if (row.kind == ControlKind::Button || row.kind == ControlKind::OptionButton)
-            continue; // the options: see the package-mode test
-        SCOPED_TRACE(row.name.toString().toStdString());
-        QWidget* w = control(row.name.toString());
+    for (const test::StatedField& field : test::StatedFields) {
+        SCOPED_TRACE(field.name.toString().toStdString());
+        QWidget* w = control(field.name.toString());
         clearFlags();
-        // Changed as the operator would: typing, picking another item, clicking.
-        if (auto* edit = qobject_cast<QLineEdit*>(w)) {
-            edit->setEnabled(true); // txtQuantity is open in its mode only
-            QTest::keyClicks(edit, u"7"_s);
-        } else if (auto* box = qobject_cast<QComboBox*>(w))
+        // A text changed (by typing or by code alike), another item picked, a click.
+        if (auto* edit = qobject_cast<QLineEdit*>(w))
+            edit->setText(edit->text() + u'7');
+        else if (auto* box = qobject_cast<QComboBox*>(w))
             box->setCurrentIndex(box->currentIndex() == 1 ? 0 : 1);
         else if (auto* check = qobject_cast<QCheckBox*>(w))
             QTest::mouseClick(check, Qt::LeftButton);
-        // The own-company choice marks through its click handling.
-        const unsigned marks = row.name == u"cobMyCodes" ? unsigned(marks::Changed) : row.marks;
-        EXPECT_EQ(form->bChanged, bool(marks & marks::Changed));
-        EXPECT_EQ(form->bChangedAmount, bool(marks & marks::Amount));
-        EXPECT_EQ(form->bChangedQTY, bool(marks & marks::Quantity));
+        EXPECT_EQ(form->bChanged, field.marks.contains(u'C'));
+        EXPECT_EQ(form->bChangedAmount, field.marks.contains(u'A'));
+        EXPECT_EQ(form->bChangedQTY, field.marks.contains(u'Q'));
     }
     EXPECT_EQ(text(u"txtMyCode"_s)->text(), u"0101"_s) << "the own-company choice fills the code";
     EXPECT_EQ(text(u"txtCustomCode"_s)->text(), u"00678"_s) << "the customer's code follows its last colon";

@@ -1,6 +1,7 @@
 // Half-width and full-width text fields, through the real form: what is kept, what is normalised, what
 // is refused with which message, where the focus goes and what is marked changed.
 #include "form_fixture.h"
+#include "stated_fields.h"
 
 #include "forms/assign_text.h"
 #include "platform/text.h"
@@ -18,30 +19,17 @@ protected:
     // Left with `expected` in the box: accepted, or refused with the width message; then emptied.
     void expectWidth(const QString& name, const QString& expected, bool accepted)
     {
-        const bool full = isFullWidth(row(name));
+        const StatedField& stated = statedField(name);
+        const bool full = stated.width == Width::Full;
         expectLeft(name, expected,
                    accepted ? QString()
                             : (full ? u"全角文字のみ入力可能です\r\n最大文字数は %1 桁です"_s
                                     : u"半角文字のみ入力可能です\r\n最大文字数は %1 桁です"_s)
-                                  .arg(row(name).maxLength),
+                                  .arg(stated.maxLength),
                    full ? u"入力ﾁｪｯｸ - 漢字項目" : u"入力ﾁｪｯｸ - 半角項目");
         EXPECT_EQ(messages.beeps, 0);
         text(name)->clear();
     }
-
-    static const ControlSpec& row(QStringView name)
-    {
-        return *std::find_if(frmdata::controls().begin(), frmdata::controls().end(),
-                             [name](const ControlSpec& s) { return s.name == name; });
-    }
-    // The text fields with a width, told by the input method: off for half-width, hiragana for
-    // full-width; the two short codes without an input method are half-width too.
-    static bool hasWidth(const ControlSpec& s)
-    {
-        return s.kind == ControlKind::TextBox &&
-               (s.input == InputMode::Off || isFullWidth(s) || s.name == u"txtKensa" || s.name == u"txtUnit");
-    }
-    static bool isFullWidth(const ControlSpec& s) { return s.input == InputMode::Hiragana; }
 };
 
 } // namespace
@@ -179,19 +167,19 @@ TEST_F(TextFieldTest, RandomTextInEveryField)
     int refused = 0;
     int fields = 0;
     for (int round = 0; round < Rounds; ++round) {
-        for (const auto& row : frmdata::controls()) {
-            if (!hasWidth(row))
+        for (const StatedField& field : StatedFields) {
+            if (field.width == Width::None)
                 continue;
             fields += round == 0;
             QString typed;
-            for (auto length = below(row.maxLength + 4); length > 0; --length) {
+            for (auto length = below(field.maxLength + 4); length > 0; --length) {
                 const QStringList& characters = classes[below(std::size(classes))];
                 typed += characters[below(characters.size())];
             }
             auto how = Input(below(3));
-            if (how == Input::InputMethod && row.input == InputMode::Disabled)
+            const QString name = field.name.toString();
+            if (how == Input::InputMethod && !control(name)->testAttribute(Qt::WA_InputMethodEnabled))
                 how = Input::Paste;
-            const QString name = row.name.toString();
             SCOPED_TRACE(name.toStdString() + " way " + std::to_string(int(how)) + " input " +
                          typed.toStdString());
             fill(name, typed, how);
@@ -205,11 +193,11 @@ TEST_F(TextFieldTest, RandomTextInEveryField)
             qsizetype doubleBytes = 0;
             for (const char32_t c : trimmed.toUcs4())
                 doubleBytes += cp932ByteLength(QString::fromUcs4(&c, 1)) == 2;
-            const bool acceptable = isFullWidth(row)
+            const bool acceptable = field.width == Width::Full
                                         ? trimmed == result && doubleBytes == trimmed.toUcs4().size()
                                         : doubleBytes == result.size() - trimmed.size();
             refused += !acceptable;
-            EXPECT_EQ(maxLengthOf(text(name)), row.maxLength);
+            EXPECT_EQ(maxLengthOf(text(name)), field.maxLength);
             expectWidth(name, result, acceptable);
         }
     }
