@@ -20,7 +20,7 @@ protected:
     void expectWidth(const QString& name, const QString& expected, bool accepted)
     {
         const StatedField& stated = statedField(name);
-        const bool full = stated.width == Width::Full;
+        const bool full = stated.width == Full;
         expectLeft(name, expected,
                    accepted ? QString()
                             : (full ? u"全角文字のみ入力可能です\r\n最大文字数は %1 桁です"_s
@@ -168,7 +168,7 @@ TEST_F(TextFieldTest, RandomTextInEveryField)
     int fields = 0;
     for (int round = 0; round < Rounds; ++round) {
         for (const StatedField& field : StatedFields) {
-            if (field.width == Width::None)
+            if (field.width == NoWidth)
                 continue;
             fields += round == 0;
             QString typed;
@@ -193,7 +193,7 @@ TEST_F(TextFieldTest, RandomTextInEveryField)
             qsizetype doubleBytes = 0;
             for (const char32_t c : trimmed.toUcs4())
                 doubleBytes += cp932ByteLength(QString::fromUcs4(&c, 1)) == 2;
-            const bool acceptable = field.width == Width::Full
+            const bool acceptable = field.width == Full
                                         ? trimmed == result && doubleBytes == trimmed.toUcs4().size()
                                         : doubleBytes == result.size() - trimmed.size();
             refused += !acceptable;

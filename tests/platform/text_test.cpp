@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstdio>
 #include <fstream>
-#include <sstream>
 #include <string>
 
 namespace tolvinpt {
@@ -25,21 +25,17 @@ const Held& heldByCodePage()
         Held h{};
         std::ifstream file(CP932_WIDTHS_FILE);
         EXPECT_TRUE(file) << CP932_WIDTHS_FILE;
-        std::string line;
-        while (std::getline(file, line)) {
-            std::istringstream words(line);
-            std::string kind, range;
-            words >> kind;
-            if (kind != "single" && kind != "double")
-                continue;
-            while (words >> range) {
-                const auto dash = range.find('-');
-                const unsigned first = std::stoul(range.substr(0, dash), nullptr, 16);
-                const unsigned last =
-                    dash == std::string::npos ? first : std::stoul(range.substr(dash + 1), nullptr, 16);
-                for (unsigned c = first; c <= last; ++c)
-                    h[c] = kind == "single" ? 1 : 2;
-            }
+        unsigned char bytes = 0;
+        for (std::string word; file >> word;) {
+            unsigned first = 0, last = 0;
+            if (word == "#")
+                std::getline(file, word);
+            else if (word == "single" || word == "double")
+                bytes = word == "single" ? 1 : 2;
+            else if (std::sscanf(word.c_str(), "%x-%x", &first, &last) == 1)
+                h[first] = bytes;
+            else
+                std::fill(&h[first], &h[last] + 1, bytes);
         }
         return h;
     }();
