@@ -11,7 +11,6 @@
 #include <QFileInfo>
 #include <QSqlError>
 #include <QSqlQuery>
-#include <QUuid>
 
 namespace tolvinpt::host {
 namespace {
@@ -25,32 +24,17 @@ OpenOutcome refused(ExitCode code, const QString& what, const QString& path)
     return {code, QStringLiteral("%1\n%2").arg(what, QDir::toNativeSeparators(path))};
 }
 
-// A connection of its own for one look at the file; removed when it goes out of scope.
-class ScopedConnection
-{
-public:
-    ScopedConnection(const QString& path, const QString& options)
-        : m_name(QStringLiteral("tolvinpt-host-check-") + QUuid::createUuid().toString(QUuid::Id128))
-    {
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_name);
-        db.setDatabaseName(path);
-        db.setConnectOptions(options);
-    }
-    ~ScopedConnection()
-    {
-        QSqlDatabase::database(m_name, false).close();
-        QSqlDatabase::removeDatabase(m_name);
-    }
-    QSqlDatabase db() const { return QSqlDatabase::database(m_name, false); }
-
-private:
-    QString m_name;
-};
-
 int pragmaValue(const QSqlDatabase& db, const QString& pragma)
 {
     QSqlQuery query = execQuery(db, QStringLiteral("PRAGMA ") + pragma);
     return query.next() ? query.value(0).toInt() : 0;
+}
+
+// "" and ":memory:" are a private temporary database to SQLite, and "file:" names are URIs to it (with
+// mode=memory among them): whatever is entered there is lost at exit.
+bool namesAFile(const QString& path)
+{
+    return !path.isEmpty() && path != u":memory:" && !path.startsWith(u"file:");
 }
 
 bool holdsAllTables(const QSqlDatabase& db)
@@ -77,6 +61,11 @@ OpenOutcome inspect(const QString& path)
         if (pragmaValue(db, QStringLiteral("user_version")) > kSchemaVersion)
             return refused(ExitCode::NewerDatabase,
                            QStringLiteral("このデータベースは新しい版の tolvinpt-host で作られています。"),
+                           path);
+        if (const QStringList missing = missingColumns(db); !missing.isEmpty())
+            return refused(ExitCode::MissingColumns,
+                           QStringLiteral("データベースの表に必要な列がありません: ") +
+                               missing.join(QStringLiteral(", ")),
                            path);
     } catch (const Error& e) {
         if (e.number() == kSqliteNotADatabase)
@@ -143,6 +132,11 @@ OpenOutcome create(const QString& path, const QString& connectionName)
 
 OpenOutcome openHostDatabase(const QString& path, const QString& connectionName)
 {
+    if (!namesAFile(path))
+        return refused(ExitCode::CannotOpen,
+                       QStringLiteral("データベースにはファイルを指定してください。"
+                                      "メモリ上のデータベースは終了するとすべて失われます。"),
+                       path);
     const QFileInfo info(path);
     if (!info.exists()) {
         if (!info.dir().exists())

@@ -2,7 +2,41 @@
 
 #include "host/sql_script.h"
 
+#include <QMap>
+
 namespace tolvinpt::host {
+namespace {
+
+void createTables(const QSqlDatabase& db)
+{
+    // The delivery tables come from the component's own DDL file, compiled into our resources.
+    runScript(db, readResource(QStringLiteral(":/tolvinpt-host/delivery_schema.sql")));
+    runScript(db, readResource(QStringLiteral(":/tolvinpt-host/host_tables.sql")));
+}
+
+QStringList columnNames(const QSqlDatabase& db, const QString& table)
+{
+    QStringList names;
+    QSqlQuery query = execQuery(db, QStringLiteral("SELECT name FROM pragma_table_info(?)"), {table});
+    while (query.next())
+        names << query.value(0).toString();
+    return names;
+}
+
+// The columns of each table as our own DDL creates them, read back from a private in-memory database.
+QMap<QString, QStringList> ownColumns()
+{
+    ScopedConnection schema(QStringLiteral(":memory:"));
+    if (!schema.db().open())
+        return {};
+    createTables(schema.db());
+    QMap<QString, QStringList> columns;
+    for (const QString& table : requiredTables())
+        columns.insert(table, columnNames(schema.db(), table));
+    return columns;
+}
+
+} // namespace
 
 QStringList requiredTables()
 {
@@ -12,11 +46,22 @@ QStringList requiredTables()
             QStringLiteral("T_CustomerSettings")};
 }
 
+QStringList missingColumns(const QSqlDatabase& db)
+{
+    static const QMap<QString, QStringList> expected = ownColumns();
+    QStringList missing;
+    for (auto table = expected.begin(); table != expected.end(); ++table) {
+        const QStringList present = columnNames(db, table.key());
+        for (const QString& column : table.value())
+            if (!present.contains(column, Qt::CaseInsensitive))
+                missing << table.key() + u'.' + column;
+    }
+    return missing;
+}
+
 void createHostSchema(const QSqlDatabase& db)
 {
-    // The delivery tables come from the component's own DDL file, compiled into our resources.
-    runScript(db, readResource(QStringLiteral(":/tolvinpt-host/delivery_schema.sql")));
-    runScript(db, readResource(QStringLiteral(":/tolvinpt-host/host_tables.sql")));
+    createTables(db);
     // Both marks live in the file header and take part in the transaction.
     runScript(db, QStringLiteral("PRAGMA application_id = %1; PRAGMA user_version = %2;")
                       .arg(kApplicationId)
