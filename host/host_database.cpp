@@ -12,6 +12,8 @@
 #include <QSqlError>
 #include <QSqlQuery>
 
+#include <functional>
+
 namespace tolvinpt::host {
 namespace {
 
@@ -91,20 +93,41 @@ bool openConnection(const QString& path, const QString& connectionName, const QS
     return db.open();
 }
 
-void buildNew(const QString& connectionName)
+void inTransaction(const QString& connectionName, const std::function<void(const QSqlDatabase&)>& work)
 {
     QSqlDatabase db = QSqlDatabase::database(connectionName, false);
     if (!db.transaction())
         throw lastError(db);
     try {
-        createHostSchema(db);
-        fillDemoData(db);
+        work(db);
         if (!db.commit())
             throw lastError(db);
     } catch (...) {
         db.rollback();
         throw;
     }
+}
+
+void buildNew(const QSqlDatabase& db)
+{
+    createHostSchema(db);
+    fillDemoData(db);
+}
+
+// A database of an earlier version gets what this version adds (a big one takes a while, once).
+OpenOutcome upgrade(const QString& path, const QString& connectionName)
+{
+    try {
+        if (needsUpgrade(QSqlDatabase::database(connectionName, false)))
+            inTransaction(connectionName, upgradeHostSchema);
+    } catch (const Error& e) {
+        closeHostDatabase(connectionName);
+        return refused(
+            ExitCode::CannotOpen,
+            QStringLiteral("データベースをこの版に合わせられません: %1 (%2)").arg(e.description()).arg(e.number()),
+            path);
+    }
+    return {};
 }
 
 OpenOutcome create(const QString& path, const QString& connectionName)
@@ -114,7 +137,7 @@ OpenOutcome create(const QString& path, const QString& connectionName)
         return refused(ExitCode::CannotOpen, QStringLiteral("データベースを作成できません。"), path);
     }
     try {
-        buildNew(connectionName);
+        inTransaction(connectionName, buildNew);
     } catch (const Error& e) {
         closeHostDatabase(connectionName);
         // The file is ours and unfinished: leave nothing half made behind.
@@ -158,7 +181,7 @@ OpenOutcome openHostDatabase(const QString& path, const QString& connectionName)
         closeHostDatabase(connectionName);
         return refused(ExitCode::CannotOpen, QStringLiteral("データベースを開けません。"), path);
     }
-    return {};
+    return upgrade(path, connectionName);
 }
 
 void closeHostDatabase(const QString& connectionName)

@@ -1,5 +1,6 @@
 #include "host/host_schema.h"
 
+#include "host/list_query.h"
 #include "host/sql_script.h"
 
 #include <QMap>
@@ -7,11 +8,28 @@
 namespace tolvinpt::host {
 namespace {
 
-void createTables(const QSqlDatabase& db)
+void createDeliveryTables(const QSqlDatabase& db)
 {
     // The delivery tables come from the component's own DDL file, compiled into our resources.
     runScript(db, readResource(QStringLiteral(":/tolvinpt-host/delivery_schema.sql")));
+}
+
+void createOwnTables(const QSqlDatabase& db)
+{
     runScript(db, readResource(QStringLiteral(":/tolvinpt-host/host_tables.sql")));
+}
+
+void createListIndexes(const QSqlDatabase& db)
+{
+    runScript(db, listIndexStatements().join(QStringLiteral(";\n")));
+}
+
+void markAsOurs(const QSqlDatabase& db)
+{
+    // Both marks live in the file header and take part in the transaction.
+    runScript(db, QStringLiteral("PRAGMA application_id = %1; PRAGMA user_version = %2;")
+                      .arg(kApplicationId)
+                      .arg(kSchemaVersion));
 }
 
 QStringList columnNames(const QSqlDatabase& db, const QString& table)
@@ -29,7 +47,8 @@ QMap<QString, QStringList> ownColumns()
     ScopedConnection schema(QStringLiteral(":memory:"));
     if (!schema.db().open())
         return {};
-    createTables(schema.db());
+    createDeliveryTables(schema.db());
+    createOwnTables(schema.db());
     QMap<QString, QStringList> columns;
     for (const QString& table : requiredTables())
         columns.insert(table, columnNames(schema.db(), table));
@@ -61,11 +80,28 @@ QStringList missingColumns(const QSqlDatabase& db)
 
 void createHostSchema(const QSqlDatabase& db)
 {
-    createTables(db);
-    // Both marks live in the file header and take part in the transaction.
-    runScript(db, QStringLiteral("PRAGMA application_id = %1; PRAGMA user_version = %2;")
-                      .arg(kApplicationId)
-                      .arg(kSchemaVersion));
+    createDeliveryTables(db);
+    addHostTables(db);
+}
+
+void addHostTables(const QSqlDatabase& db)
+{
+    createOwnTables(db);
+    createListIndexes(db);
+    markAsOurs(db);
+}
+
+bool needsUpgrade(const QSqlDatabase& db)
+{
+    QSqlQuery query = execQuery(db, QStringLiteral("PRAGMA user_version"));
+    return query.next() && query.value(0).toInt() < kSchemaVersion;
+}
+
+void upgradeHostSchema(const QSqlDatabase& db)
+{
+    // Version 1 had no indexes for the list.
+    createListIndexes(db);
+    markAsOurs(db);
 }
 
 } // namespace tolvinpt::host

@@ -85,6 +85,7 @@ qint64 insertRow(const QSqlDatabase& db, const QString& table, const ColumnValue
 QSqlQuery execQuery(const QSqlDatabase& db, const QString& sql, const QVariantList& values)
 {
     QSqlQuery query(db);
+    query.setForwardOnly(true);
     if (!query.prepare(sql))
         throw toError(query.lastError());
     for (const QVariant& value : values)

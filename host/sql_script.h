@@ -36,7 +36,8 @@ QString readResource(const QString& path);
 // INSERT INTO table (columns) VALUES (bound values) and returns the new row's id; throws
 // tolvinpt::Error on failure.
 qint64 insertRow(const QSqlDatabase& db, const QString& table, const ColumnValues& values);
-// Runs one statement with bound values and returns the executed query; throws tolvinpt::Error on failure.
+// Runs one statement with bound values and returns the executed query, forward only; throws
+// tolvinpt::Error on failure.
 QSqlQuery execQuery(const QSqlDatabase& db, const QString& sql, const QVariantList& values = {});
 
 } // namespace tolvinpt::host
