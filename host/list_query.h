@@ -33,6 +33,7 @@ struct ListFilter
     std::optional<qint64> customerId;
     std::optional<int> kind; // an index into kindCaptions()
     bool showWasteBox = false;
+    friend bool operator==(const ListFilter&, const ListFilter&) = default;
 };
 
 // A record's place in the list order: its value in the sorted column, then its IDData.

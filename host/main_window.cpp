@@ -200,7 +200,7 @@ ListFilter MainWindow::chosenFilter() const
 void MainWindow::showList(const ListQuery& query)
 {
     try {
-        const KeptSelection kept = keptSelection();
+        const KeptSelection kept = keptSelection(query.filter() == m_model->query().filter());
         m_model->show(query);
         restoreSelection(kept);
     } catch (const Error& e) {
@@ -212,7 +212,7 @@ void MainWindow::showList(const ListQuery& query)
 void MainWindow::refresh()
 {
     try {
-        const KeptSelection kept = keptSelection();
+        const KeptSelection kept = keptSelection(false);
         m_model->show(m_model->query());
         if (!fillCustomerFilter())
             m_model->show(ListQuery(chosenFilter(), m_model->query().column(), m_model->query().order()));
@@ -234,7 +234,7 @@ void MainWindow::openSelected()
     KeptSelection kept;
     try {
         ids = selectedIds(*m_view->selectionModel());
-        kept = keptSelection(&ids);
+        kept = keptSelection(false, &ids);
     } catch (const Error& e) {
         reportListError(e);
         return;
@@ -254,7 +254,7 @@ void MainWindow::enterNew()
 {
     KeptSelection kept;
     try {
-        kept = keptSelection();
+        kept = keptSelection(false);
     } catch (const Error& e) {
         reportListError(e);
     }
@@ -278,12 +278,13 @@ void MainWindow::afterCall(const QList<qint64>& ids, const KeptSelection& kept)
     updateStatus();
 }
 
-MainWindow::KeptSelection MainWindow::keptSelection(const QList<qint64>* selectedIds) const
+// With `sameRecords` (another order of the same list) a selection of every row stays that, unread.
+MainWindow::KeptSelection MainWindow::keptSelection(bool sameRecords, const QList<qint64>* selectedIds) const
 {
     KeptSelection kept;
     const QItemSelectionModel* selection = m_view->selectionModel();
     const QList<RowSpan> spans = rowSpans(selection->selection());
-    kept.all = m_model->rowCount() > 0 && spans == QList<RowSpan>{{0, m_model->rowCount() - 1}};
+    kept.all = sameRecords && m_model->rowCount() > 0 && spans == QList<RowSpan>{{0, m_model->rowCount() - 1}};
     if (!kept.all)
         kept.ids = selectedIds ? *selectedIds : m_model->idsOfRows(spans);
     const QModelIndex current = m_view->currentIndex();

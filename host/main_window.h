@@ -57,7 +57,7 @@ private:
     void openSelected();
     void enterNew();
     void afterCall(const QList<qint64>& ids, const KeptSelection& kept);
-    KeptSelection keptSelection(const QList<qint64>* selectedIds = nullptr) const;
+    KeptSelection keptSelection(bool sameRecords, const QList<qint64>* selectedIds = nullptr) const;
     void restoreSelection(const KeptSelection& kept);
     void reportListError(const Error& e);
     void updateStatus();
