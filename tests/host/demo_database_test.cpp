@@ -2,7 +2,7 @@
 // entry form will be tried on.
 #include "tests/host/host_fixture.h"
 
-#include "host/host_schema.h"
+#include "host/delivery_list_model.h"
 #include "host/record_kind.h"
 
 #include <QRegularExpression>
@@ -12,10 +12,31 @@ namespace {
 
 using DemoDatabase = DemoDatabaseTest;
 
-TEST_F(DemoDatabase, IsMarkedAsOurs)
+// A database of the first version (without the list's indexes) opens and becomes what a new one is.
+TEST_F(DemoDatabase, OfAnEarlierVersionOpensAndIsBroughtUpToDate)
 {
-    EXPECT_EQ(scalar(connection, QStringLiteral("PRAGMA application_id")).toInt(), kApplicationId);
-    EXPECT_EQ(scalar(connection, QStringLiteral("PRAGMA user_version")).toInt(), kSchemaVersion);
+    const auto schema = [this] {
+        QStringList rows;
+        QSqlQuery query(QSqlDatabase::database(connection, false));
+        query.exec(QStringLiteral("SELECT type || name || sql FROM sqlite_master ORDER BY name"));
+        while (query.next())
+            rows << query.value(0).toString();
+        return rows << scalar(connection, QStringLiteral("PRAGMA application_id")).toString()
+                    << scalar(connection, QStringLiteral("PRAGMA user_version")).toString();
+    };
+    const QStringList fresh = schema();
+    QSqlQuery indexes(QSqlDatabase::database(connection, false));
+    indexes.exec(QStringLiteral("SELECT name FROM sqlite_master WHERE name LIKE 'IX_DeliveryList_%'"));
+    QStringList dropped;
+    while (indexes.next())
+        dropped << indexes.value(0).toString();
+    ASSERT_GE(dropped.size(), int(DeliveryListModel::ListColumnCount));
+    for (const QString& name : dropped)
+        exec(QStringLiteral("DROP INDEX ") + name);
+    exec(QStringLiteral("PRAGMA user_version = 1"));
+    closeHostDatabase(connection);
+    ASSERT_EQ(openHostDatabase(path, connection).code, ExitCode::Ok);
+    EXPECT_EQ(schema(), fresh);
 }
 
 // Each query counts rows; the count must lie in [min, max].

@@ -276,6 +276,20 @@ TEST_F(LargeListTest, CountsFiltersAndSortsInTheDatabase)
     sortBy(DeliveryListModel::Kind, Qt::AscendingOrder);
     EXPECT_EQ(cell(0, DeliveryListModel::KindRole), QStringLiteral("注文情報 納入指示待ち"));
     EXPECT_EQ(cell(n - 1, DeliveryListModel::KindRole), QStringLiteral("手入力"));
+
+    // No record has a ship date: one value, so the rows follow IDData, across pages and reversed.
+    sortBy(DeliveryListModel::ShipDate, Qt::AscendingOrder);
+    QList<qint64> liveIds;
+    for (int i = 1; i <= kRecords; ++i)
+        if (live(i))
+            liveIds << i;
+    view->selectionModel()->select(QItemSelection(at(126), at(129)),
+                                   QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    EXPECT_EQ(window->selectedItems().Count(), 4);
+    EXPECT_EQ(QList<qint64>({idAt(127), idAt(128), idAt(n - 1)}), QList<qint64>({liveIds[127], liveIds[128], liveIds[n - 1]}));
+    sortBy(DeliveryListModel::ShipDate, Qt::DescendingOrder);
+    EXPECT_EQ(idAt(0), liveIds[n - 1]);
+    EXPECT_EQ(rowSpans(view->selectionModel()->selection()), (QList<RowSpan>{{n - 130, n - 127}}));
 }
 
 // The operator opens 10,000 records and one more and, in the form, changes one so that it sorts to the
