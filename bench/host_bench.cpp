@@ -154,8 +154,10 @@ QString hostDatabase(const QString& deliveries)
             fillDemoMasters(db);
             for (int id = 1; id <= 40; ++id)
                 execQuery(db,
-                          QStringLiteral("INSERT OR IGNORE INTO T_Customer (IDCustomer, Code, Name) VALUES (?, ?, ?)"),
-                          {id, QStringLiteral("C%1").arg(id, 5, 10, QChar(u'0')), QStringLiteral("得意先%1").arg(id)});
+                          QStringLiteral(
+                              "INSERT OR IGNORE INTO T_Customer (IDCustomer, Code, Name) VALUES (?, ?, ?)"),
+                          {id, QStringLiteral("C%1").arg(id, 5, 10, QChar(u'0')),
+                           QStringLiteral("得意先%1").arg(id)});
             db.commit();
         }
         QFile::rename(part, copy);
@@ -225,7 +227,8 @@ AfterCall afterCall(const QString& file)
                 execute(db, QStringLiteral("BEGIN"));
                 execute(db, QStringLiteral("UPDATE T_Delivery SET F00007 = F00007 || 'X' WHERE IDData = %1")
                                 .arg(first.data(Qt::UserRole).toLongLong()));
-                execute(db, QStringLiteral("INSERT INTO T_Delivery (IDCustomer, F00007) VALUES (1, 'SPLIT')"));
+                execute(db,
+                        QStringLiteral("INSERT INTO T_Delivery (IDCustomer, F00007) VALUES (1, 'SPLIT')"));
             };
             const Clock::time_point enter = Clock::now();
             open->trigger();
@@ -236,7 +239,8 @@ AfterCall afterCall(const QString& file)
                    view->selectionModel()->selectedRows().size() == result.records;
             if (round > 0) { // the first round warms the caches
                 afterSamples.push_back(after);
-                toCallSamples.push_back(std::chrono::duration<double, std::milli>(calls->called - enter).count());
+                toCallSamples.push_back(
+                    std::chrono::duration<double, std::milli>(calls->called - enter).count());
             }
             window.refresh();
         }
@@ -287,26 +291,29 @@ int main(int argc, char** argv)
                 ms.push_back(run.ms);
                 mb.push_back(run.peakMb);
             }
-            figures.append({QFileInfo(file).fileName(), records(host), {bench::median(ms), bench::median(mb)},
+            figures.append({QFileInfo(file).fileName(),
+                            records(host),
+                            {bench::median(ms), bench::median(mb)},
                             afterCall(host)});
         }
         const Figures& base = figures.first();
         std::printf("%-28s %9s %10s %8s %8s %10s %8s\n", "database", "records", "window ms", "peak MB",
                     "opened", "after ms", "to ms");
         for (const Figures& f : figures)
-            std::printf("%-28s %9d %10.1f %8.1f %8d %10.1f %8.1f%s\n", qPrintable(f.name), f.records, f.window.ms,
-                        f.window.peakMb, f.call.records, f.call.ms, f.call.toCall,
+            std::printf("%-28s %9d %10.1f %8.1f %8d %10.1f %8.1f%s\n", qPrintable(f.name), f.records,
+                        f.window.ms, f.window.peakMb, f.call.records, f.call.ms, f.call.toCall,
                         f.call.selectionKept ? "" : "  SELECTION LOST");
         for (const Figures& f : figures.mid(1))
-            std::printf("%s / %s: first window %.2fx, peak memory %.2fx, after call %.2fx\n", qPrintable(f.name),
-                        qPrintable(base.name), f.window.ms / base.window.ms, f.window.peakMb / base.window.peakMb,
-                        f.call.ms / base.call.ms);
+            std::printf("%s / %s: first window %.2fx, peak memory %.2fx, after call %.2fx\n",
+                        qPrintable(f.name), qPrintable(base.name), f.window.ms / base.window.ms,
+                        f.window.peakMb / base.window.peakMb, f.call.ms / base.call.ms);
         const Figures& largest = figures.last();
-        std::printf("targets at %s: first window %.0f / %.0f ms, peak %.0f / %.0f MB, within %.1fx: %.2fx and "
-                    "%.2fx; after call %.0f / %.0f ms\n",
-                    qPrintable(largest.name), largest.window.ms, FirstWindowTargetMs, largest.window.peakMb,
-                    PeakTargetMb, ScaleTargetRatio, largest.window.ms / base.window.ms,
-                    largest.window.peakMb / base.window.peakMb, largest.call.ms, AfterCallTargetMs);
+        std::printf(
+            "targets at %s: first window %.0f / %.0f ms, peak %.0f / %.0f MB, within %.1fx: %.2fx and "
+            "%.2fx; after call %.0f / %.0f ms\n",
+            qPrintable(largest.name), largest.window.ms, FirstWindowTargetMs, largest.window.peakMb,
+            PeakTargetMb, ScaleTargetRatio, largest.window.ms / base.window.ms,
+            largest.window.peakMb / base.window.peakMb, largest.call.ms, AfterCallTargetMs);
     } catch (const Error& e) {
         std::fprintf(stderr, "%s (%ld)\n", qPrintable(e.description()), e.number());
         return 1;

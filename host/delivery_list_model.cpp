@@ -99,7 +99,8 @@ void DeliveryListModel::refreshAfter(const QList<qint64>& ids)
     };
     const qint64 count = m_count - ids.size() + among(m_query) + added(m_query);
     const qint64 total = m_total - ids.size() + among(kAllRecords) + added(kAllRecords);
-    const qint64 maxId = std::max(m_maxId, number({QStringLiteral("SELECT MAX(IDData) FROM T_Delivery"), {}}));
+    const qint64 maxId =
+        std::max(m_maxId, number({QStringLiteral("SELECT MAX(IDData) FROM T_Delivery"), {}}));
     beginResetModel();
     m_count = count;
     m_total = total;
@@ -112,9 +113,11 @@ void DeliveryListModel::refreshAfter(const QList<qint64>& ids)
 QList<CustomerEntry> DeliveryListModel::readCustomers() const
 {
     QList<CustomerEntry> customers;
-    QSqlQuery query = execQuery(db(), QStringLiteral("SELECT IDCustomer, Name, Deleted FROM T_Customer ORDER BY IDCustomer"));
+    QSqlQuery query = execQuery(
+        db(), QStringLiteral("SELECT IDCustomer, Name, Deleted FROM T_Customer ORDER BY IDCustomer"));
     while (query.next())
-        customers.append({query.value(0).toLongLong(), query.value(1).toString(), query.value(2).toLongLong() != 0});
+        customers.append(
+            {query.value(0).toLongLong(), query.value(1).toString(), query.value(2).toLongLong() != 0});
     return customers;
 }
 
@@ -257,13 +260,14 @@ QList<std::pair<int, qint64>> DeliveryListModel::rowsOf(const QList<qint64>& ids
         return true;
     });
     QList<std::pair<int, qint64>> rows;
-    scan(m_query.from(m_query.placeSelect(), ListQuery::Forward, places.first(), true), [&](const QSqlQuery& query) {
-        const qint64 id = query.value(1).toLongLong();
-        if (id == places.at(rows.size()).id)
-            rows.append({int(row), id});
-        ++row;
-        return rows.size() < places.size();
-    });
+    scan(m_query.from(m_query.placeSelect(), ListQuery::Forward, places.first(), true),
+         [&](const QSqlQuery& query) {
+             const qint64 id = query.value(1).toLongLong();
+             if (id == places.at(rows.size()).id)
+                 rows.append({int(row), id});
+             ++row;
+             return rows.size() < places.size();
+         });
     return rows;
 }
 
@@ -361,7 +365,8 @@ QModelIndexList DeliveryListModel::match(const QModelIndex& start, int role, con
     std::sort(behind.begin(), behind.end());
     if (flags.testFlag(Qt::MatchWrap))
         ahead += behind;
-    const Qt::CaseSensitivity cs = flags.testFlag(Qt::MatchCaseSensitive) ? Qt::CaseSensitive : Qt::CaseInsensitive;
+    const Qt::CaseSensitivity cs =
+        flags.testFlag(Qt::MatchCaseSensitive) ? Qt::CaseSensitive : Qt::CaseInsensitive;
     QModelIndexList found;
     for (int row : ahead) {
         const QModelIndex candidate = index(row, start.column());

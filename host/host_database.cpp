@@ -122,10 +122,11 @@ OpenOutcome upgrade(const QString& path, const QString& connectionName)
             inTransaction(connectionName, upgradeHostSchema);
     } catch (const Error& e) {
         closeHostDatabase(connectionName);
-        return refused(
-            ExitCode::CannotOpen,
-            QStringLiteral("データベースをこの版に合わせられません: %1 (%2)").arg(e.description()).arg(e.number()),
-            path);
+        return refused(ExitCode::CannotOpen,
+                       QStringLiteral("データベースをこの版に合わせられません: %1 (%2)")
+                           .arg(e.description())
+                           .arg(e.number()),
+                       path);
     }
     return {};
 }

@@ -69,9 +69,11 @@ QString columnHeader(int column)
 
 QStringList listIndexStatements()
 {
-    QStringList statements{QStringLiteral("CREATE INDEX IF NOT EXISTS %1 ON T_Delivery (%2)").arg(kFilterIndex, kFilterColumns)};
+    QStringList statements{
+        QStringLiteral("CREATE INDEX IF NOT EXISTS %1 ON T_Delivery (%2)").arg(kFilterIndex, kFilterColumns)};
     for (int column = 0; column < ListColumnCount; ++column) {
-        const QString leading = column == Id ? QStringLiteral("IDData") : ListQuery::value(column) + QStringLiteral(", IDData");
+        const QString leading =
+            column == Id ? QStringLiteral("IDData") : ListQuery::value(column) + QStringLiteral(", IDData");
         statements << QStringLiteral("CREATE INDEX IF NOT EXISTS %1 ON T_Delivery (%2, %3)")
                           .arg(indexName(column), leading, kFilterColumns);
     }
@@ -127,7 +129,8 @@ QString ListQuery::orderBy(Way way) const
     const QString direction = ascending(way) ? QStringLiteral(" ASC") : QStringLiteral(" DESC");
     if (m_column == Id)
         return QStringLiteral(" ORDER BY IDData") + direction;
-    return QStringLiteral(" ORDER BY ") + value(m_column) + direction + QStringLiteral(", IDData") + direction;
+    return QStringLiteral(" ORDER BY ") + value(m_column) + direction + QStringLiteral(", IDData") +
+           direction;
 }
 
 Statement ListQuery::count() const
@@ -136,7 +139,8 @@ Statement ListQuery::count() const
     const QString conditions = where(values);
     if (conditions.isEmpty())
         return {QStringLiteral("SELECT COUNT(*) FROM T_Delivery"), {}};
-    return {QStringLiteral("SELECT COUNT(*) FROM T_Delivery INDEXED BY %1 WHERE %2").arg(kFilterIndex, conditions),
+    return {QStringLiteral("SELECT COUNT(*) FROM T_Delivery INDEXED BY %1 WHERE %2")
+                .arg(kFilterIndex, conditions),
             values};
 }
 
@@ -152,7 +156,8 @@ QList<Statement> ListQuery::beyond(const QString& select, Way way, const ListPla
                                    bool ordered) const
 {
     const QString after = ascending(way) ? QStringLiteral(">") : QStringLiteral("<");
-    const QString idBeyond = QStringLiteral(" AND IDData ") + after + (inclusive ? QStringLiteral("= ?") : QStringLiteral(" ?"));
+    const QString idBeyond =
+        QStringLiteral(" AND IDData ") + after + (inclusive ? QStringLiteral("= ?") : QStringLiteral(" ?"));
     QList<Statement> statements;
     if (m_column == Id) {
         Statement rest;
@@ -162,8 +167,9 @@ QList<Statement> ListQuery::beyond(const QString& select, Way way, const ListPla
     }
     const QString direction = ascending(way) ? QStringLiteral(" ASC") : QStringLiteral(" DESC");
     Statement same;
-    same.sql = base(select, same.values) + QStringLiteral(" AND ") + value(m_column) + QStringLiteral(" = ?") +
-               idBeyond + (ordered ? QStringLiteral(" ORDER BY IDData") + direction : QString());
+    same.sql = base(select, same.values) + QStringLiteral(" AND ") + value(m_column) +
+               QStringLiteral(" = ?") + idBeyond +
+               (ordered ? QStringLiteral(" ORDER BY IDData") + direction : QString());
     same.values << place.key << place.id;
     Statement rest;
     rest.sql = base(select, rest.values) + QStringLiteral(" AND ") + value(m_column) + u' ' + after +
@@ -187,10 +193,11 @@ Statement ListQuery::among(const QString& select, const QList<qint64>& ids, bool
     // NOT INDEXED: looked up by rowid, then sorted; the column's index would be scanned in full.
     Statement statement;
     const QString conditions = where(statement.values);
-    statement.sql = QStringLiteral("SELECT %1 FROM T_Delivery NOT INDEXED WHERE IDData IN "
-                                   "(SELECT value FROM json_each(?))%2")
-                        .arg(select, conditions.isEmpty() ? QString() : QStringLiteral(" AND ") + conditions) +
-                    (ordered ? orderBy(Forward) : QString());
+    statement.sql =
+        QStringLiteral("SELECT %1 FROM T_Delivery NOT INDEXED WHERE IDData IN "
+                       "(SELECT value FROM json_each(?))%2")
+            .arg(select, conditions.isEmpty() ? QString() : QStringLiteral(" AND ") + conditions) +
+        (ordered ? orderBy(Forward) : QString());
     statement.values.prepend(jsonArray(ids));
     return statement;
 }

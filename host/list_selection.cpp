@@ -10,7 +10,8 @@ QList<RowSpan> rowSpans(const QItemSelection& selection)
     for (const QItemSelectionRange& range : selection)
         if (range.isValid())
             spans.append({range.top(), range.bottom()});
-    std::sort(spans.begin(), spans.end(), [](const RowSpan& a, const RowSpan& b) { return a.first < b.first; });
+    std::sort(spans.begin(), spans.end(),
+              [](const RowSpan& a, const RowSpan& b) { return a.first < b.first; });
     QList<RowSpan> merged;
     for (const RowSpan& span : spans) {
         if (!merged.isEmpty() && span.first <= merged.last().last + 1)

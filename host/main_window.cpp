@@ -133,7 +133,9 @@ void MainWindow::buildFilterBar(QWidget* bar)
     row->addWidget(m_showWasteBox);
     row->addStretch();
 
-    const auto applyFilter = [this] { showList(ListQuery(chosenFilter(), m_model->query().column(), m_model->query().order())); };
+    const auto applyFilter = [this] {
+        showList(ListQuery(chosenFilter(), m_model->query().column(), m_model->query().order()));
+    };
     connect(m_customerFilter, &QComboBox::currentIndexChanged, this, applyFilter);
     connect(m_kindFilter, &QComboBox::currentIndexChanged, this, applyFilter);
     connect(m_showWasteBox, &QCheckBox::toggled, this, applyFilter);
@@ -155,8 +157,8 @@ void MainWindow::buildActions()
     m_new->setToolTip(QStringLiteral("新しい納品データを手入力します (Ctrl+N)"));
     connect(m_new, &QAction::triggered, this, &MainWindow::enterNew);
 
-    auto* refreshAction =
-        new QAction(style()->standardIcon(QStyle::SP_BrowserReload), QStringLiteral("最新の情報に更新"), this);
+    auto* refreshAction = new QAction(style()->standardIcon(QStyle::SP_BrowserReload),
+                                      QStringLiteral("最新の情報に更新"), this);
     refreshAction->setShortcut(QKeySequence::Refresh);
     connect(refreshAction, &QAction::triggered, this, &MainWindow::refresh);
 
@@ -284,7 +286,8 @@ MainWindow::KeptSelection MainWindow::keptSelection(bool sameRecords, const QLis
     KeptSelection kept;
     const QItemSelectionModel* selection = m_view->selectionModel();
     const QList<RowSpan> spans = rowSpans(selection->selection());
-    kept.all = sameRecords && m_model->rowCount() > 0 && spans == QList<RowSpan>{{0, m_model->rowCount() - 1}};
+    kept.all =
+        sameRecords && m_model->rowCount() > 0 && spans == QList<RowSpan>{{0, m_model->rowCount() - 1}};
     if (!kept.all)
         kept.ids = selectedIds ? *selectedIds : m_model->idsOfRows(spans);
     const QModelIndex current = m_view->currentIndex();
@@ -316,8 +319,9 @@ void MainWindow::restoreSelection(const KeptSelection& kept)
     QItemSelectionModel* selection = m_view->selectionModel();
     if (currentRow >= 0)
         selection->setCurrentIndex(m_model->index(currentRow, 0), QItemSelectionModel::NoUpdate);
-    selection->select(selectionOf(kept.all && count > 0 ? QList<RowSpan>{{0, count - 1}} : spansOfRows(rows), *m_model),
-                      QItemSelectionModel::ClearAndSelect);
+    selection->select(
+        selectionOf(kept.all && count > 0 ? QList<RowSpan>{{0, count - 1}} : spansOfRows(rows), *m_model),
+        QItemSelectionModel::ClearAndSelect);
     m_open->setEnabled(selection->hasSelection());
     // The current record stays where it was in the view, or comes into view.
     if (currentRow >= 0 && kept.currentOffset >= 0)

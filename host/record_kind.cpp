@@ -27,21 +27,25 @@ QString quoted(QStringView text)
 // COLLATE NOCASE: the codes compare as BINARY, as the component compares them.
 QList<ListKind> buildKinds()
 {
-    const auto codeIs = [](QStringView code) { return QStringLiteral("F00002 = %1 COLLATE BINARY").arg(quoted(code)); };
+    const auto codeIs = [](QStringView code) {
+        return QStringLiteral("F00002 = %1 COLLATE BINARY").arg(quoted(code));
+    };
     const QString awaiting = QStringLiteral("F00030 = %1 COLLATE BINARY").arg(quoted(kAwaitingInstruction));
     QList<ListKind> kinds;
     QStringList codes;
     for (const RecordKindEntry& entry : recordKindTable()) {
         QString condition = codeIs(entry.code);
         if (entry.kind == RecordKind::OrderInfo) {
-            kinds.prepend({recordKindCaption(entry.kind, kAwaitingInstruction), condition + u" AND " + awaiting});
+            kinds.prepend(
+                {recordKindCaption(entry.kind, kAwaitingInstruction), condition + u" AND " + awaiting});
             condition += QStringLiteral(" AND NOT IFNULL(%1, 0)").arg(awaiting);
         }
         kinds.append({recordKindCaption(entry.kind, std::nullopt), condition});
         codes << quoted(entry.code);
     }
-    kinds.append({recordKindCaption(RecordKind::ManualInput, std::nullopt),
-                  QStringLiteral("(F00002 IS NULL OR F00002 COLLATE BINARY NOT IN (%1))").arg(codes.join(u", "))});
+    kinds.append(
+        {recordKindCaption(RecordKind::ManualInput, std::nullopt),
+         QStringLiteral("(F00002 IS NULL OR F00002 COLLATE BINARY NOT IN (%1))").arg(codes.join(u", "))});
     return kinds;
 }
 

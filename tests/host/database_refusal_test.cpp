@@ -69,7 +69,8 @@ struct Refusal
 };
 
 const Refusal kRefusals[] = {
-    {"NoName", "", [](const QString&) {}, ExitCode::CannotOpen, u"データベースにはファイルを指定してください"},
+    {"NoName", "", [](const QString&) {}, ExitCode::CannotOpen,
+     u"データベースにはファイルを指定してください"},
     {"InMemory", ":memory:", [](const QString&) {}, ExitCode::CannotOpen,
      u"データベースにはファイルを指定してください"},
     {"InMemoryUri", "file:demo.sqlite?mode=memory", [](const QString&) {}, ExitCode::CannotOpen,

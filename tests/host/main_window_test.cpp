@@ -153,7 +153,8 @@ TEST_F(MainWindowTest, ListIsReadAgainAfterEachCallKeepingTheSelection)
     };
     const int before = view->model()->rowCount();
     window->findChild<QAction*>(QStringLiteral("openRecords"))->trigger();
-    EXPECT_EQ(cell(3, Qt::DisplayRole, DeliveryListModel::OrderNumber).toString(), QStringLiteral("X-CHANGED"));
+    EXPECT_EQ(cell(3, Qt::DisplayRole, DeliveryListModel::OrderNumber).toString(),
+              QStringLiteral("X-CHANGED"));
 
     // A record added by NewData is listed, last as the list is sorted by ID.
     calls->during = [&] {
@@ -214,11 +215,12 @@ protected:
         exec(QStringLiteral("DELETE FROM T_Delivery"));
         exec(QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ") +
              QString::number(kRecords) +
-             QStringLiteral(") INSERT INTO T_Delivery (IDData, IDCustomer, F00002, F00030, F00007, InDustBox) "
-                            "SELECT i, 1 + i % 7, CASE i % 9 WHEN 0 THEN '0502' WHEN 1 THEN '0502' WHEN 2 THEN "
-                            "'0703' WHEN 3 THEN '9999' WHEN 4 THEN '9990' WHEN 5 THEN '999G' WHEN 6 THEN '' "
-                            "WHEN 8 THEN '999g' END, CASE i % 9 WHEN 0 THEN '2' WHEN 1 THEN '1' END, "
-                            "printf('PO%06d', i * 7919 % ") +
+             QStringLiteral(
+                 ") INSERT INTO T_Delivery (IDData, IDCustomer, F00002, F00030, F00007, InDustBox) "
+                 "SELECT i, 1 + i % 7, CASE i % 9 WHEN 0 THEN '0502' WHEN 1 THEN '0502' WHEN 2 THEN "
+                 "'0703' WHEN 3 THEN '9999' WHEN 4 THEN '9990' WHEN 5 THEN '999G' WHEN 6 THEN '' "
+                 "WHEN 8 THEN '999g' END, CASE i % 9 WHEN 0 THEN '2' WHEN 1 THEN '1' END, "
+                 "printf('PO%06d', i * 7919 % ") +
              QString::number(kRecords) + QStringLiteral("), i % 37 = 0 FROM n"));
     }
     // The live records in order-number order.
@@ -231,8 +233,14 @@ protected:
         std::sort(ids.begin(), ids.end(), [](qint64 a, qint64 b) { return orderNumber(a) < orderNumber(b); });
         return ids;
     }
-    void sortBy(int column, Qt::SortOrder order) { view->horizontalHeader()->setSortIndicator(column, order); }
-    QComboBox* combo(const char* name) const { return window->findChild<QComboBox*>(QString::fromLatin1(name)); }
+    void sortBy(int column, Qt::SortOrder order)
+    {
+        view->horizontalHeader()->setSortIndicator(column, order);
+    }
+    QComboBox* combo(const char* name) const
+    {
+        return window->findChild<QComboBox*>(QString::fromLatin1(name));
+    }
     QModelIndex at(int row) const { return view->model()->index(row, 0); }
 };
 
@@ -286,7 +294,8 @@ TEST_F(LargeListTest, CountsFiltersAndSortsInTheDatabase)
     view->selectionModel()->select(QItemSelection(at(126), at(129)),
                                    QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     EXPECT_EQ(window->selectedItems().Count(), 4);
-    EXPECT_EQ(QList<qint64>({idAt(127), idAt(128), idAt(n - 1)}), QList<qint64>({liveIds[127], liveIds[128], liveIds[n - 1]}));
+    EXPECT_EQ(QList<qint64>({idAt(127), idAt(128), idAt(n - 1)}),
+              QList<qint64>({liveIds[127], liveIds[128], liveIds[n - 1]}));
     sortBy(DeliveryListModel::ShipDate, Qt::DescendingOrder);
     EXPECT_EQ(idAt(0), liveIds[n - 1]);
     EXPECT_EQ(rowSpans(view->selectionModel()->selection()), (QList<RowSpan>{{n - 130, n - 127}}));
@@ -299,13 +308,15 @@ TEST_F(LargeListTest, CallsRecordsAreSelectedAgainAsRangesAfterTheCall)
     const QList<qint64> ascending = byOrderNumber();
     sortBy(DeliveryListModel::OrderNumber, Qt::AscendingOrder);
     QItemSelectionModel* selection = view->selectionModel();
-    selection->select(QItemSelection(at(1000), at(10999)), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    selection->select(QItemSelection(at(1000), at(10999)),
+                      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     selection->select(at(20000), QItemSelectionModel::Select | QItemSelectionModel::Rows);
     selection->setCurrentIndex(at(5000), QItemSelectionModel::NoUpdate);
     view->scrollTo(at(5000));
     const int offset = 5000 - view->rowAt(0);
     calls->during = [&] {
-        exec(QStringLiteral("UPDATE T_Delivery SET F00007 = 'PO000000A' WHERE IDData = %1").arg(ascending[1500]));
+        exec(QStringLiteral("UPDATE T_Delivery SET F00007 = 'PO000000A' WHERE IDData = %1")
+                 .arg(ascending[1500]));
         exec(QStringLiteral("INSERT INTO T_Delivery (IDCustomer, F00007) VALUES (1, 'PO%1X')")
                  .arg(orderNumber(ascending[3000]), 6, 10, QChar(u'0')));
     };
