@@ -45,7 +45,7 @@ using Clock = std::chrono::steady_clock;
 
 namespace {
 
-constexpr int Rounds = 5;
+constexpr int Rounds = 9;
 constexpr int CallRecords = 10000;
 constexpr int CallFirstRow = 1000;
 constexpr double FirstWindowTargetMs = 400;
@@ -277,6 +277,7 @@ int main(int argc, char** argv)
         struct Figures
         {
             QString name;
+            QString host;
             int records;
             FirstWindow window;
             AfterCall call;
@@ -284,17 +285,21 @@ int main(int argc, char** argv)
         QList<Figures> figures;
         for (const QString& file : files) {
             const QString host = hostDatabase(file);
+            figures.append({QFileInfo(file).fileName(), host, records(host), {}, {}});
             firstWindow(host); // warms the file cache
-            std::vector<double> ms, mb;
-            for (int round = 0; round < Rounds; ++round) {
-                const FirstWindow run = firstWindow(host);
-                ms.push_back(run.ms);
-                mb.push_back(run.peakMb);
+        }
+        // The files take turns at going first, so that a change in the machine's load falls on all alike.
+        std::vector<std::vector<double>> ms(figures.size()), mb(figures.size());
+        for (int round = 0; round < Rounds; ++round)
+            for (qsizetype turn = 0; turn < figures.size(); ++turn) {
+                const qsizetype i = round % 2 == 0 ? turn : figures.size() - 1 - turn;
+                const FirstWindow run = firstWindow(figures[i].host);
+                ms[i].push_back(run.ms);
+                mb[i].push_back(run.peakMb);
             }
-            figures.append({QFileInfo(file).fileName(),
-                            records(host),
-                            {bench::median(ms), bench::median(mb)},
-                            afterCall(host)});
+        for (qsizetype i = 0; i < figures.size(); ++i) {
+            figures[i].window = {bench::median(ms[i]), bench::median(mb[i])};
+            figures[i].call = afterCall(figures[i].host);
         }
         const Figures& base = figures.first();
         std::printf("%-28s %9s %10s %8s %8s %10s %8s\n", "database", "records", "window ms", "peak MB",

@@ -74,8 +74,10 @@ qint64 DeliveryListModel::number(const Statement& statement) const
 
 void DeliveryListModel::show(const ListQuery& query)
 {
-    const qint64 count = number(query.count());
+    // Counting a million index entries takes a while; the usual list is counted from its few exceptions.
     const qint64 total = number(kAllRecords.count());
+    const qint64 count =
+        query.filter() == ListFilter{} ? total - number(ListQuery::wasteBoxCount()) : number(query.count());
     const qint64 maxId = number({QStringLiteral("SELECT MAX(IDData) FROM T_Delivery"), {}});
     QList<CustomerEntry> customers = readCustomers();
     beginResetModel();

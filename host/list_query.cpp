@@ -50,6 +50,8 @@ QString indexName(int column)
 // The filter's columns, carried by every index of the list so that the filter never reads the table.
 const QString kFilterColumns = QStringLiteral("InDustBox, IDCustomer, F00002, F00030");
 const QString kFilterIndex = QStringLiteral("IX_DeliveryList_Filter");
+// The smallest index of the table: SQLite counts all records through it, and the waste box is a range of it.
+const QString kWasteBoxIndex = QStringLiteral("IX_DeliveryList_WasteBox");
 
 QString jsonArray(const QList<qint64>& ids)
 {
@@ -69,13 +71,13 @@ QString columnHeader(int column)
 
 QStringList listIndexStatements()
 {
-    QStringList statements{
-        QStringLiteral("CREATE INDEX IF NOT EXISTS %1 ON T_Delivery (%2)").arg(kFilterIndex, kFilterColumns)};
+    const QString create = QStringLiteral("CREATE INDEX IF NOT EXISTS %1 ON T_Delivery (%2)");
+    QStringList statements{create.arg(kWasteBoxIndex, QStringLiteral("InDustBox")),
+                           create.arg(kFilterIndex, kFilterColumns)};
     for (int column = 0; column < ListColumnCount; ++column) {
         const QString leading =
             column == Id ? QStringLiteral("IDData") : ListQuery::value(column) + QStringLiteral(", IDData");
-        statements << QStringLiteral("CREATE INDEX IF NOT EXISTS %1 ON T_Delivery (%2, %3)")
-                          .arg(indexName(column), leading, kFilterColumns);
+        statements << create.arg(indexName(column), leading + QStringLiteral(", ") + kFilterColumns);
     }
     return statements;
 }
@@ -142,6 +144,15 @@ Statement ListQuery::count() const
     return {QStringLiteral("SELECT COUNT(*) FROM T_Delivery INDEXED BY %1 WHERE %2")
                 .arg(kFilterIndex, conditions),
             values};
+}
+
+Statement ListQuery::wasteBoxCount()
+{
+    // Any value but 0 is true: two ranges of the index.
+    return {
+        QStringLiteral("SELECT COUNT(*) FROM T_Delivery INDEXED BY %1 WHERE InDustBox < 0 OR InDustBox > 0")
+            .arg(kWasteBoxIndex),
+        {}};
 }
 
 Statement ListQuery::fromEnd(const QString& select, Way way, qint64 offset) const

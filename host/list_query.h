@@ -68,6 +68,8 @@ public:
 
     // The records that pass the filter.
     Statement count() const;
+    // The records in the waste box: few, so the usual list (all but those) is counted as the difference.
+    static Statement wasteBoxCount();
     // `select` of the rows in list order (or against it), skipping `offset` rows from that end.
     Statement fromEnd(const QString& select, Way way, qint64 offset) const;
     // `select` of the rows beyond `place` (and `place` itself when `inclusive`) as two statements: those
