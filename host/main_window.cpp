@@ -50,7 +50,45 @@ MainWindow::MainWindow(QString connectionName, QString databasePath, std::unique
     buildFilterBar(bar);
     layout->addWidget(bar);
 
-    m_view = new QTableView(central);
+    buildList(central);
+    layout->addWidget(m_view);
+    setCentralWidget(central);
+
+    buildActions();
+    m_count = new QLabel(this);
+    statusBar()->addPermanentWidget(m_count);
+    connect(m_view, &QTableView::doubleClicked, m_open, &QAction::trigger);
+    connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this] { m_open->setEnabled(m_view->selectionModel()->hasSelection()); });
+    connect(m_view->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this,
+            [this](int column, Qt::SortOrder order) {
+                if (!showList(ListQuery(chosenFilter(), column, order))) {
+                    QSignalBlocker block(m_view->horizontalHeader());
+                    m_view->horizontalHeader()->setSortIndicator(m_model->query().column(),
+                                                                 m_model->query().order());
+                }
+            });
+    connect(m_model, &DeliveryListModel::readFailed, this,
+            [this](const QString& description, long number) { reportListError(Error(description, number)); });
+
+    try {
+        m_model->show(ListQuery(chosenFilter(), Id, Qt::AscendingOrder));
+        fillCustomerFilter();
+    } catch (const Error& e) {
+        reportListError(e);
+    }
+    updateStatus();
+    fitColumns();
+    if (m_model->rowCount() > 0)
+        m_view->selectRow(0);
+    resize(1440, 760);
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::buildList(QWidget* parent)
+{
+    m_view = new QTableView(parent);
     m_view->setObjectName(QStringLiteral("deliveryList"));
     m_view->setModel(m_model);
     m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -69,34 +107,7 @@ MainWindow::MainWindow(QString connectionName, QString databasePath, std::unique
     header->setSectionsClickable(true);
     header->setSortIndicatorShown(true);
     header->setSortIndicator(Id, Qt::AscendingOrder);
-    layout->addWidget(m_view);
-    setCentralWidget(central);
-
-    buildActions();
-    m_count = new QLabel(this);
-    statusBar()->addPermanentWidget(m_count);
-    connect(m_view, &QTableView::doubleClicked, m_open, &QAction::trigger);
-    connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            [this] { m_open->setEnabled(m_view->selectionModel()->hasSelection()); });
-    connect(header, &QHeaderView::sortIndicatorChanged, this,
-            [this](int column, Qt::SortOrder order) { showList(ListQuery(chosenFilter(), column, order)); });
-    connect(m_model, &DeliveryListModel::readFailed, this,
-            [this](const QString& description, long number) { reportListError(Error(description, number)); });
-
-    try {
-        m_model->show(ListQuery(chosenFilter(), Id, Qt::AscendingOrder));
-        fillCustomerFilter();
-    } catch (const Error& e) {
-        reportListError(e);
-    }
-    updateStatus();
-    fitColumns();
-    if (m_model->rowCount() > 0)
-        m_view->selectRow(0);
-    resize(1440, 760);
 }
-
-MainWindow::~MainWindow() = default;
 
 void MainWindow::fitColumns()
 {
@@ -199,16 +210,19 @@ ListFilter MainWindow::chosenFilter() const
     return filter;
 }
 
-void MainWindow::showList(const ListQuery& query)
+bool MainWindow::showList(const ListQuery& query)
 {
+    bool shown = false;
     try {
         const KeptSelection kept = keptSelection(query.filter() == m_model->query().filter());
         m_model->show(query);
+        shown = true;
         restoreSelection(kept);
     } catch (const Error& e) {
         reportListError(e);
     }
     updateStatus();
+    return shown;
 }
 
 void MainWindow::refresh()

@@ -49,11 +49,13 @@ private:
     };
 
     void buildFilterBar(QWidget* bar);
+    void buildList(QWidget* parent);
     void buildActions();
     void fitColumns();
     bool fillCustomerFilter();
     ListFilter chosenFilter() const;
-    void showList(const ListQuery& query);
+    // Shows the list anew, keeping the selection; false (and the list as it was) when it cannot be read.
+    bool showList(const ListQuery& query);
     void openSelected();
     void enterNew();
     void afterCall(const QList<qint64>& ids, const KeptSelection& kept);
