@@ -304,6 +304,8 @@ QVariant DeliveryListModel::data(const QModelIndex& index, int role) const
         return {};
     }
     const Row& r = row(index.row());
+    if (r.values.at(Id).isNull()) // a row that could not be read
+        return {};
     const QVariant& value = r.values.at(index.column());
     switch (role) {
     case IdRole:
@@ -327,8 +329,6 @@ QVariant DeliveryListModel::data(const QModelIndex& index, int role) const
     default:
         break;
     }
-    if (value.isNull()) // a row that could not be read
-        return {};
     switch (index.column()) {
     case Id:
         return QString::number(value.toLongLong());
