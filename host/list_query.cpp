@@ -169,7 +169,6 @@ QList<Statement> ListQuery::beyond(const QString& select, Way way, const ListPla
     const QString after = ascending(way) ? QStringLiteral(">") : QStringLiteral("<");
     const QString idBeyond =
         QStringLiteral(" AND IDData ") + after + (inclusive ? QStringLiteral("= ?") : QStringLiteral(" ?"));
-    QList<Statement> statements;
     if (m_column == Id) {
         Statement rest;
         rest.sql = base(select, rest.values) + idBeyond + (ordered ? orderBy(way) : QString());
