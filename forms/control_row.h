@@ -19,7 +19,7 @@ enum class ControlKind {
     Button,       // QPushButton, never default
     Frame,        // QGroupBox with the caption, or a borderless QFrame without one
     Label,
-    TabStrip, // QTabBar; its pages are frames laid over it
+    TabStrip, // QTabBar; its pages are frames laid over it; a click gives it the focus
     Line,     // decorative horizontal line
     Picture,  // plain box for pictures made at run time
 };

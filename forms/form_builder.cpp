@@ -14,6 +14,7 @@
 #include <QRadioButton>
 #include <QSet>
 #include <QTabBar>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <vector>
@@ -21,13 +22,24 @@
 namespace tolvinpt {
 namespace {
 
+// Switching the page is leaving the field: a click takes the focus, so that the field's leave check
+// runs first and a refusal drops the click. The wheel, which would switch without a check, does nothing.
+class TabStrip final : public QTabBar
+{
+public:
+    using QTabBar::QTabBar;
+
+protected:
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+};
+
 QWidget* createTabStrip(QWidget* parent, const QRect& rect)
 {
     // The tab strip draws the tabs; a plain panel below them draws the page the frames lie on.
     auto* page = new QFrame(parent);
     page->setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
-    auto* tabs = new QTabBar(parent);
-    tabs->setFocusPolicy(Qt::NoFocus);
+    auto* tabs = new TabStrip(parent);
+    setTabStop(tabs, false);
     tabs->setDrawBase(false);
     tabs->setExpanding(false);
     tabs->addTab(QStringLiteral("X"));
@@ -140,7 +152,9 @@ void linkTabChain(std::span<const ControlSpec> catalogue, const ControlMap& cont
 {
     std::vector<const ControlSpec*> chain;
     for (const auto& row : catalogue) {
-        if (row.tabOrder > 0 && takesFocus(row.kind) && !(row.state & (design::Hidden | design::Grey)))
+        // The tab strip is never reached by Tab, but Tab from it goes on to the page it shows.
+        const bool chained = takesFocus(row.kind) || row.kind == ControlKind::TabStrip;
+        if (row.tabOrder > 0 && chained && !(row.state & (design::Hidden | design::Grey)))
             chain.push_back(&row);
     }
     std::stable_sort(chain.begin(), chain.end(),
@@ -184,7 +198,7 @@ ControlMap buildControls(QWidget* client, std::span<const ControlSpec> catalogue
         if (!row.tooltip.isEmpty())
             w->setToolTip(row.tooltip.toString());
         applyInputMode(w, row.input);
-        if (!takesFocus(row.kind))
+        if (!takesFocus(row.kind) && row.kind != ControlKind::TabStrip)
             w->setFocusPolicy(Qt::NoFocus);
         if (row.kind != ControlKind::TabStrip)
             w->setGeometry(fitCaption(row, w, designed));

@@ -3,42 +3,40 @@
 #include "host/record_kind.h"
 #include "host/sql_script.h"
 
-#include <QBrush>
+#include <tolvinpt/error.h>
+
 #include <QDate>
 #include <QFont>
 #include <QGuiApplication>
 #include <QPalette>
 
+#include <algorithm>
+#include <cmath>
+
 namespace tolvinpt::host {
 namespace {
 
-const char16_t* const kHeaders[] = {u"ID",       u"得意先", u"種別", u"注文番号", u"納品ｷｰ番号", u"品名",
-                                    u"納入数量", u"単位",   u"通貨", u"納期",     u"出荷日",     u"納入日"};
-static_assert(std::size(kHeaders) == DeliveryListModel::ColumnCount);
+// Rows read with one statement; the view shows some forty at a time.
+constexpr int kPageRows = 128;
+// Pages kept: enough for a view and the pages around it, a few hundred kilobytes.
+constexpr int kKeptPages = 24;
 
-QString isoDate(const QVariant& value)
+QString shownDate(const QVariant& value)
 {
-    return value.isNull() ? QString() : value.toString().left(10);
-}
-
-QString shownDate(const QString& iso)
-{
+    const QString iso = value.toString().left(10);
     const QDate date = QDate::fromString(iso, Qt::ISODate);
     return date.isValid() ? date.toString(QStringLiteral("yyyy/MM/dd")) : iso;
 }
 
-// Yen is stored as empty text, blanks or Null and shown as JPY.
-QString shownCurrency(const QVariant& value)
-{
-    const QString code = value.toString().trimmed();
-    return code.isEmpty() ? QStringLiteral("JPY") : code;
-}
+// Every record, whatever the filter shows.
+const ListQuery kAllRecords(ListFilter{std::nullopt, std::nullopt, true}, Id, Qt::AscendingOrder);
 
 } // namespace
 
 QString formatQuantity(const QVariant& value)
 {
-    if (value.isNull())
+    // Minus infinity is the list's unknown quantity.
+    if (value.isNull() || std::isinf(value.toDouble()))
         return {};
     QString text = QString::number(value.toDouble(), 'f', 3);
     while (text.endsWith(u'0'))
@@ -48,124 +46,338 @@ QString formatQuantity(const QVariant& value)
     return text;
 }
 
-DeliveryListModel::DeliveryListModel(QObject* parent) : QAbstractTableModel(parent)
+DeliveryListModel::DeliveryListModel(QString connectionName, QObject* parent)
+    : QAbstractTableModel(parent), m_connectionName(std::move(connectionName)), m_kindCaptions(kindCaptions())
 {
 }
 
-void DeliveryListModel::reload(const QSqlDatabase& db)
+QSqlDatabase DeliveryListModel::db() const
 {
-    QSqlQuery q = execQuery(
-        db, QStringLiteral(
-                "SELECT d.IDData, d.IDCustomer, c.Name, d.F00002, d.F00030, d.F00007, d.F00159, d.F00262, "
-                "d.F00022, "
-                "d.F00036, d.F00012, d.F00281, d.F00031, d.F00039, d.F00040, d.InDustBox "
-                "FROM T_Delivery d LEFT JOIN T_Customer c ON c.IDCustomer = d.IDCustomer ORDER BY d.IDData"));
-    QList<DeliveryLine> lines;
-    while (q.next()) {
-        DeliveryLine l;
-        l.id = q.value(0).toLongLong();
-        l.customerId = q.value(1).toLongLong();
-        l.customerName = q.value(2).toString();
-        l.kind = kindCaption(q.value(3), q.value(4));
-        l.orderNumber = q.value(5).toString();
-        l.deliveryKey = q.value(6).toString();
-        // The full-width item name reads best; hand input may carry only the half-width one.
-        l.itemName = q.value(7).toString().isEmpty() ? q.value(8).toString() : q.value(7).toString();
-        l.deliveryQuantity = q.value(9);
-        l.unit = q.value(10).toString();
-        l.currency = shownCurrency(q.value(11));
-        l.dueDate = isoDate(q.value(12));
-        l.shipDate = isoDate(q.value(13));
-        l.deliveryDate = isoDate(q.value(14));
-        l.inWasteBox = q.value(15).toLongLong() != 0;
-        lines.append(l);
+    return QSqlDatabase::database(m_connectionName, false);
+}
+
+void DeliveryListModel::scan(const QList<Statement>& statements, const Take& take) const
+{
+    for (const Statement& statement : statements) {
+        QSqlQuery query = execQuery(db(), statement.sql, statement.values);
+        while (query.next())
+            if (!take(query))
+                return;
     }
+}
+
+qint64 DeliveryListModel::number(const Statement& statement) const
+{
+    QSqlQuery query = execQuery(db(), statement.sql, statement.values);
+    return query.next() ? query.value(0).toLongLong() : 0;
+}
+
+void DeliveryListModel::show(const ListQuery& query)
+{
+    // Counting a million index entries takes a while; the usual list is counted from its few exceptions.
+    const qint64 total = number(kAllRecords.count());
+    const qint64 count =
+        query.filter() == ListFilter{} ? total - number(ListQuery::wasteBoxCount()) : number(query.count());
+    const qint64 maxId = number({QStringLiteral("SELECT MAX(IDData) FROM T_Delivery"), {}});
+    QList<CustomerEntry> customers = readCustomers();
     beginResetModel();
-    m_lines = std::move(lines);
+    m_query = query;
+    m_count = count;
+    m_total = total;
+    m_maxId = maxId;
+    m_customers = std::move(customers);
+    m_pages.clear();
+    m_failureReported = false;
     endResetModel();
+}
+
+void DeliveryListModel::refreshAfter(const QList<qint64>& ids)
+{
+    const auto among = [&](const ListQuery& query) {
+        return number(query.among(QStringLiteral("COUNT(*)"), ids, false));
+    };
+    const auto added = [&](const ListQuery& query) {
+        return number(query.newerThan(QStringLiteral("COUNT(*)"), m_maxId));
+    };
+    const qint64 count = m_count - ids.size() + among(m_query) + added(m_query);
+    const qint64 total = m_total - ids.size() + among(kAllRecords) + added(kAllRecords);
+    const qint64 maxId =
+        std::max(m_maxId, number({QStringLiteral("SELECT MAX(IDData) FROM T_Delivery"), {}}));
+    beginResetModel();
+    m_count = count;
+    m_total = total;
+    m_maxId = maxId;
+    m_pages.clear();
+    m_failureReported = false;
+    endResetModel();
+}
+
+QList<CustomerEntry> DeliveryListModel::readCustomers() const
+{
+    QList<CustomerEntry> customers;
+    QSqlQuery query = execQuery(
+        db(), QStringLiteral("SELECT IDCustomer, Name, Deleted FROM T_Customer ORDER BY IDCustomer"));
+    while (query.next())
+        customers.append(
+            {query.value(0).toLongLong(), query.value(1).toString(), query.value(2).toLongLong() != 0});
+    return customers;
+}
+
+QString DeliveryListModel::customerName(qint64 id) const
+{
+    const auto found = std::find_if(m_customers.begin(), m_customers.end(),
+                                    [id](const CustomerEntry& customer) { return customer.id == id; });
+    return found == m_customers.end() ? QString() : found->name;
+}
+
+const DeliveryListModel::Row* DeliveryListModel::cachedRow(int row) const
+{
+    if (row < 0)
+        return nullptr;
+    const auto page = m_pages.find(row / kPageRows);
+    if (page == m_pages.end() || row % kPageRows >= page->rows.size())
+        return nullptr;
+    return &page->rows.at(row % kPageRows);
+}
+
+ListPlace DeliveryListModel::placeOf(const Row& row) const
+{
+    return {row.values.at(m_query.column()), row.values.at(Id).toLongLong()};
+}
+
+QList<DeliveryListModel::Row> DeliveryListModel::readRows(int first, int count) const
+{
+    QList<Row> rows;
+    const Take take = [&](const QSqlQuery& query) {
+        Row row;
+        for (int column = 0; column < ListColumnCount; ++column)
+            row.values[column] = query.value(column);
+        row.inWasteBox = query.value(ListColumnCount).toLongLong() != 0;
+        rows.append(row);
+        return rows.size() < count;
+    };
+    // From a neighbouring row already read when there is one (scrolling), else from the nearer end.
+    const QString select = ListQuery::rowSelect();
+    const qint64 after = m_count - first - count;
+    if (const Row* before = cachedRow(first - 1)) {
+        scan(m_query.from(select, ListQuery::Forward, placeOf(*before), false), take);
+    } else if (const Row* next = cachedRow(first + count)) {
+        scan(m_query.from(select, ListQuery::Backward, placeOf(*next), false), take);
+        std::reverse(rows.begin(), rows.end());
+    } else if (first <= after) {
+        scan({m_query.fromEnd(select, ListQuery::Forward, first)}, take);
+    } else {
+        scan({m_query.fromEnd(select, ListQuery::Backward, after)}, take);
+        std::reverse(rows.begin(), rows.end());
+    }
+    return rows;
+}
+
+void DeliveryListModel::readPage(int page) const
+{
+    const int first = page * kPageRows;
+    const int count = int(std::min<qint64>(kPageRows, m_count - first));
+    m_pages.insert(page, {count > 0 ? readRows(first, count) : QList<Row>(), ++m_clock});
+    while (m_pages.size() > kKeptPages) {
+        const auto oldest = std::min_element(m_pages.begin(), m_pages.end(),
+                                             [](const Page& a, const Page& b) { return a.used < b.used; });
+        m_pages.erase(oldest);
+    }
+}
+
+const DeliveryListModel::Row& DeliveryListModel::row(int row) const
+{
+    static const Row empty;
+    const int page = row / kPageRows;
+    if (!m_pages.contains(page)) {
+        try {
+            readPage(page);
+        } catch (const Error& e) {
+            // Not thrown through the view's painting: the page stays empty and the failure is told once.
+            m_pages.insert(page, {{}, ++m_clock});
+            if (!m_failureReported) {
+                m_failureReported = true;
+                QMetaObject::invokeMethod(
+                    const_cast<DeliveryListModel*>(this),
+                    [this, description = e.description(), number = e.number()] {
+                        emit const_cast<DeliveryListModel*>(this)->readFailed(description, number);
+                    },
+                    Qt::QueuedConnection);
+            }
+        }
+    }
+    Page& cached = m_pages[page];
+    cached.used = ++m_clock;
+    return row % kPageRows < cached.rows.size() ? cached.rows.at(row % kPageRows) : empty;
+}
+
+QList<qint64> DeliveryListModel::idsOfRows(const QList<RowSpan>& spans) const
+{
+    QList<qint64> ids;
+    for (const RowSpan& span : spans) {
+        int row = span.first;
+        while (row <= span.last) {
+            if (const Row* cached = cachedRow(row)) {
+                ids << cached->values.at(Id).toLongLong();
+                ++row;
+                continue;
+            }
+            // A run of rows not read yet: their places only, from the row before or from the top.
+            int last = row;
+            while (last < span.last && !cachedRow(last + 1))
+                ++last;
+            const qsizetype wanted = ids.size() + (last - row + 1);
+            const Take take = [&](const QSqlQuery& query) {
+                ids << query.value(1).toLongLong();
+                return ids.size() < wanted;
+            };
+            if (const Row* before = cachedRow(row - 1))
+                scan(m_query.from(m_query.placeSelect(), ListQuery::Forward, placeOf(*before), false), take);
+            else
+                scan({m_query.fromEnd(m_query.placeSelect(), ListQuery::Forward, row)}, take);
+            if (ids.size() < wanted) // the list has fewer rows than it had when counted
+                return ids;
+            row = last + 1;
+        }
+    }
+    return ids;
+}
+
+QList<std::pair<int, qint64>> DeliveryListModel::rowsOf(const QList<qint64>& ids) const
+{
+    if (ids.isEmpty())
+        return {};
+    // The places of those that the list shows, in list order.
+    QList<ListPlace> places;
+    scan({m_query.among(m_query.placeSelect(), ids)}, [&](const QSqlQuery& query) {
+        places.append({query.value(0), query.value(1).toLongLong()});
+        return true;
+    });
+    if (places.isEmpty())
+        return {};
+    // The first one's row is the count of rows before it; the rest are met walking on from there.
+    qint64 row = 0;
+    scan(m_query.countBefore(places.first()), [&](const QSqlQuery& query) {
+        row += query.value(0).toLongLong();
+        return true;
+    });
+    QList<std::pair<int, qint64>> rows;
+    scan(m_query.from(m_query.placeSelect(), ListQuery::Forward, places.first(), true),
+         [&](const QSqlQuery& query) {
+             const qint64 id = query.value(1).toLongLong();
+             if (id == places.at(rows.size()).id)
+                 rows.append({int(row), id});
+             ++row;
+             return rows.size() < places.size();
+         });
+    return rows;
 }
 
 int DeliveryListModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : int(m_lines.size());
+    return parent.isValid() ? 0 : int(m_count);
 }
 
 int DeliveryListModel::columnCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : ColumnCount;
+    return parent.isValid() ? 0 : ListColumnCount;
 }
 
 QVariant DeliveryListModel::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid())
         return {};
-    const DeliveryLine& l = m_lines.at(index.row());
     switch (role) {
-    case IdRole:
-        return l.id;
-    case CustomerIdRole:
-        return l.customerId;
-    case KindRole:
-        return l.kind;
-    case WasteBoxRole:
-        return l.inWasteBox;
     case Qt::TextAlignmentRole:
         return index.column() == Id || index.column() == DeliveryQuantity
                    ? QVariant(Qt::AlignRight | Qt::AlignVCenter)
                    : QVariant();
+    case IdRole:
+    case CustomerIdRole:
+    case KindRole:
+    case WasteBoxRole:
+    case Qt::DisplayRole:
     case Qt::ForegroundRole:
-        return l.inWasteBox ? QVariant(QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text))
+    case Qt::FontRole:
+        break;
+    default:
+        return {};
+    }
+    const Row& r = row(index.row());
+    if (r.values.at(Id).isNull()) // a row that could not be read
+        return {};
+    const QVariant& value = r.values.at(index.column());
+    switch (role) {
+    case IdRole:
+        return r.values.at(Id);
+    case CustomerIdRole:
+        return r.values.at(CustomerName);
+    case KindRole:
+        return m_kindCaptions.value(r.values.at(Kind).toInt());
+    case WasteBoxRole:
+        return r.inWasteBox;
+    case Qt::ForegroundRole:
+        return r.inWasteBox ? QVariant(QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text))
                             : QVariant();
     case Qt::FontRole: {
-        if (!l.inWasteBox)
+        if (!r.inWasteBox)
             return {};
         QFont font;
         font.setStrikeOut(true);
         return font;
     }
-    case Qt::DisplayRole:
-    case SortRole:
-        break;
     default:
-        return {};
+        break;
     }
-    const bool display = role == Qt::DisplayRole;
     switch (index.column()) {
     case Id:
-        return display ? QVariant(QString::number(l.id)) : QVariant(l.id);
+        return QString::number(value.toLongLong());
     case CustomerName:
-        return l.customerName;
+        return customerName(value.toLongLong());
     case Kind:
-        return l.kind;
-    case OrderNumber:
-        return l.orderNumber;
-    case DeliveryKey:
-        return l.deliveryKey;
-    case ItemName:
-        return l.itemName;
+        return m_kindCaptions.value(value.toInt());
     case DeliveryQuantity:
-        return display ? QVariant(formatQuantity(l.deliveryQuantity))
-                       : QVariant(l.deliveryQuantity.toDouble());
-    case Unit:
-        return l.unit;
-    case Currency:
-        return l.currency;
+        return formatQuantity(value);
     case DueDate:
-        return display ? shownDate(l.dueDate) : l.dueDate;
     case ShipDate:
-        return display ? shownDate(l.shipDate) : l.shipDate;
     case DeliveryDate:
-        return display ? shownDate(l.deliveryDate) : l.deliveryDate;
+        return shownDate(value);
     default:
-        return {};
+        return value.toString();
     }
 }
 
 QVariant DeliveryListModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 || section >= ColumnCount)
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 || section >= ListColumnCount)
         return QAbstractTableModel::headerData(section, orientation, role);
-    return QString::fromUtf16(kHeaders[section]);
+    return columnHeader(section);
+}
+
+QModelIndexList DeliveryListModel::match(const QModelIndex& start, int role, const QVariant& value, int hits,
+                                         Qt::MatchFlags flags) const
+{
+    // From the start row down, then (wrapping) from the top.
+    QList<int> ahead;
+    QList<int> behind;
+    for (auto page = m_pages.begin(); page != m_pages.end(); ++page)
+        for (int i = 0; i < page->rows.size(); ++i)
+            (page.key() * kPageRows + i >= start.row() ? ahead : behind) << page.key() * kPageRows + i;
+    std::sort(ahead.begin(), ahead.end());
+    std::sort(behind.begin(), behind.end());
+    if (flags.testFlag(Qt::MatchWrap))
+        ahead += behind;
+    const Qt::CaseSensitivity cs =
+        flags.testFlag(Qt::MatchCaseSensitive) ? Qt::CaseSensitive : Qt::CaseInsensitive;
+    QModelIndexList found;
+    for (int row : ahead) {
+        const QModelIndex candidate = index(row, start.column());
+        if (candidate.data(role).toString().startsWith(value.toString(), cs))
+            found << candidate;
+        if (found.size() == hits)
+            break;
+    }
+    return found;
 }
 
 } // namespace tolvinpt::host

@@ -1,72 +1,118 @@
 #pragma once
 
+#include "host/list_query.h"
+
 #include <QAbstractTableModel>
+#include <QHash>
 #include <QList>
 #include <QSqlDatabase>
 
+#include <array>
+#include <functional>
+
+namespace tolvinpt {
+class Error;
+}
+
 namespace tolvinpt::host {
 
-// One line of the delivery list, as read from T_Delivery and the customer master.
-struct DeliveryLine
+// Rows first to last of the list, both included.
+struct RowSpan
 {
-    qint64 id = 0;
-    qint64 customerId = 0;
-    QString customerName;
-    QString kind;
-    QString orderNumber;
-    QString deliveryKey;
-    QString itemName;
-    QVariant deliveryQuantity;
-    QString unit;
-    QString currency;
-    QString dueDate; // ISO dates, empty when Null
-    QString shipDate;
-    QString deliveryDate;
-    bool inWasteBox = false;
+    int first = 0;
+    int last = 0;
+    friend bool operator==(const RowSpan&, const RowSpan&) = default;
 };
 
-// Every delivery record of the database, waste box included; filtering is DeliveryFilter's job.
+// A row of the customer master, as the list and its filter name it.
+struct CustomerEntry
+{
+    qint64 id = 0;
+    QString name;
+    bool deleted = false;
+};
+
+// The delivery records that pass a filter, in the order of one column. The counts come from the database
+// and the rows are read a page at a time as the view asks for them (a few pages are kept), so a list of
+// a million records costs what a list of a few hundred does.
 class DeliveryListModel : public QAbstractTableModel
 {
     Q_OBJECT
 
 public:
-    enum Column {
-        Id,
-        CustomerName,
-        Kind,
-        OrderNumber,
-        DeliveryKey,
-        ItemName,
-        DeliveryQuantity,
-        Unit,
-        Currency,
-        DueDate,
-        ShipDate,
-        DeliveryDate,
-        ColumnCount
-    };
+    using enum ListColumn;
     enum Role {
-        SortRole = Qt::UserRole, // numbers as numbers, dates as ISO text
-        IdRole,                  // IDData
+        IdRole = Qt::UserRole, // IDData
         CustomerIdRole,
         KindRole,     // kind caption
         WasteBoxRole, // true for a record in the waste box
     };
 
-    explicit DeliveryListModel(QObject* parent = nullptr);
+    explicit DeliveryListModel(QString connectionName, QObject* parent = nullptr);
 
-    // Reads the list anew; throws tolvinpt::Error when the tables cannot be read.
-    void reload(const QSqlDatabase& db);
-    const DeliveryLine& line(int row) const { return m_lines.at(row); }
+    // Shows the records that pass `query`'s filter in its order, with the counts and the customers read
+    // anew. Throws tolvinpt::Error, leaving the list as it was.
+    void show(const ListQuery& query);
+    // After an entry call on `ids` (records of the list): only they and records added since can have
+    // changed, so the counts move by what those do now. Throws tolvinpt::Error.
+    void refreshAfter(const QList<qint64>& ids);
+
+    const ListQuery& query() const { return m_query; }
+    qint64 totalCount() const { return m_total; } // every record, the waste box included
+    const QList<CustomerEntry>& customers() const { return m_customers; }
+
+    // IDData of the rows of `spans`, in that order. Throws tolvinpt::Error.
+    QList<qint64> idsOfRows(const QList<RowSpan>& spans) const;
+    // The rows at which the records `ids` stand, top to bottom, each with its IDData; records that the
+    // list does not show are left out. Throws tolvinpt::Error.
+    QList<std::pair<int, qint64>> rowsOf(const QList<qint64>& ids) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    // Typing in the view looks among the rows read so far, not through the whole list.
+    QModelIndexList match(const QModelIndex& start, int role, const QVariant& value, int hits,
+                          Qt::MatchFlags flags) const override;
+
+signals:
+    // Rows could not be read while the view asked for them; they show empty. Once per show.
+    void readFailed(const QString& description, long number);
 
 private:
-    QList<DeliveryLine> m_lines;
+    struct Row
+    {
+        std::array<QVariant, ListColumnCount> values;
+        bool inWasteBox = false;
+    };
+    struct Page
+    {
+        QList<Row> rows;
+        quint64 used = 0;
+    };
+    using Take = std::function<bool(const QSqlQuery&)>;
+
+    QSqlDatabase db() const;
+    void scan(const QList<Statement>& statements, const Take& take) const;
+    qint64 number(const Statement& statement) const;
+    const Row* cachedRow(int row) const;
+    const Row& row(int row) const;
+    ListPlace placeOf(const Row& row) const;
+    void readPage(int page) const;
+    QList<Row> readRows(int first, int count) const;
+    QList<CustomerEntry> readCustomers() const;
+    QString customerName(qint64 id) const;
+
+    QString m_connectionName;
+    ListQuery m_query;
+    qint64 m_count = 0;
+    qint64 m_total = 0;
+    qint64 m_maxId = 0; // the largest IDData known to the list
+    QList<CustomerEntry> m_customers;
+    QStringList m_kindCaptions;
+    mutable QHash<int, Page> m_pages;
+    mutable quint64 m_clock = 0;
+    mutable bool m_failureReported = false;
 };
 
 // "#0.###": up to three decimals, no trailing zeros.

@@ -11,7 +11,8 @@
 #include <QFileInfo>
 #include <QSqlError>
 #include <QSqlQuery>
-#include <QUuid>
+
+#include <functional>
 
 namespace tolvinpt::host {
 namespace {
@@ -25,32 +26,17 @@ OpenOutcome refused(ExitCode code, const QString& what, const QString& path)
     return {code, QStringLiteral("%1\n%2").arg(what, QDir::toNativeSeparators(path))};
 }
 
-// A connection of its own for one look at the file; removed when it goes out of scope.
-class ScopedConnection
-{
-public:
-    ScopedConnection(const QString& path, const QString& options)
-        : m_name(QStringLiteral("tolvinpt-host-check-") + QUuid::createUuid().toString(QUuid::Id128))
-    {
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_name);
-        db.setDatabaseName(path);
-        db.setConnectOptions(options);
-    }
-    ~ScopedConnection()
-    {
-        QSqlDatabase::database(m_name, false).close();
-        QSqlDatabase::removeDatabase(m_name);
-    }
-    QSqlDatabase db() const { return QSqlDatabase::database(m_name, false); }
-
-private:
-    QString m_name;
-};
-
 int pragmaValue(const QSqlDatabase& db, const QString& pragma)
 {
     QSqlQuery query = execQuery(db, QStringLiteral("PRAGMA ") + pragma);
     return query.next() ? query.value(0).toInt() : 0;
+}
+
+// "" and ":memory:" are a private temporary database to SQLite, and "file:" names are URIs to it (with
+// mode=memory among them): whatever is entered there is lost at exit.
+bool namesAFile(const QString& path)
+{
+    return !path.isEmpty() && path != u":memory:" && !path.startsWith(u"file:");
 }
 
 bool holdsAllTables(const QSqlDatabase& db)
@@ -78,6 +64,11 @@ OpenOutcome inspect(const QString& path)
             return refused(ExitCode::NewerDatabase,
                            QStringLiteral("このデータベースは新しい版の tolvinpt-host で作られています。"),
                            path);
+        if (const QStringList missing = missingColumns(db); !missing.isEmpty())
+            return refused(ExitCode::MissingColumns,
+                           QStringLiteral("データベースの表に必要な列がありません: ") +
+                               missing.join(QStringLiteral(", ")),
+                           path);
     } catch (const Error& e) {
         if (e.number() == kSqliteNotADatabase)
             return refused(ExitCode::NotADatabase,
@@ -102,20 +93,42 @@ bool openConnection(const QString& path, const QString& connectionName, const QS
     return db.open();
 }
 
-void buildNew(const QString& connectionName)
+void inTransaction(const QString& connectionName, const std::function<void(const QSqlDatabase&)>& work)
 {
     QSqlDatabase db = QSqlDatabase::database(connectionName, false);
     if (!db.transaction())
         throw lastError(db);
     try {
-        createHostSchema(db);
-        fillDemoData(db);
+        work(db);
         if (!db.commit())
             throw lastError(db);
     } catch (...) {
         db.rollback();
         throw;
     }
+}
+
+void buildNew(const QSqlDatabase& db)
+{
+    createHostSchema(db);
+    fillDemoData(db);
+}
+
+// A database of an earlier version gets what this version adds (a big one takes a while, once).
+OpenOutcome upgrade(const QString& path, const QString& connectionName)
+{
+    try {
+        if (needsUpgrade(QSqlDatabase::database(connectionName, false)))
+            inTransaction(connectionName, upgradeHostSchema);
+    } catch (const Error& e) {
+        closeHostDatabase(connectionName);
+        return refused(ExitCode::CannotOpen,
+                       QStringLiteral("データベースをこの版に合わせられません: %1 (%2)")
+                           .arg(e.description())
+                           .arg(e.number()),
+                       path);
+    }
+    return {};
 }
 
 OpenOutcome create(const QString& path, const QString& connectionName)
@@ -125,7 +138,7 @@ OpenOutcome create(const QString& path, const QString& connectionName)
         return refused(ExitCode::CannotOpen, QStringLiteral("データベースを作成できません。"), path);
     }
     try {
-        buildNew(connectionName);
+        inTransaction(connectionName, buildNew);
     } catch (const Error& e) {
         closeHostDatabase(connectionName);
         // The file is ours and unfinished: leave nothing half made behind.
@@ -143,6 +156,11 @@ OpenOutcome create(const QString& path, const QString& connectionName)
 
 OpenOutcome openHostDatabase(const QString& path, const QString& connectionName)
 {
+    if (!namesAFile(path))
+        return refused(ExitCode::CannotOpen,
+                       QStringLiteral("データベースにはファイルを指定してください。"
+                                      "メモリ上のデータベースは終了するとすべて失われます。"),
+                       path);
     const QFileInfo info(path);
     if (!info.exists()) {
         if (!info.dir().exists())
@@ -164,7 +182,7 @@ OpenOutcome openHostDatabase(const QString& path, const QString& connectionName)
         closeHostDatabase(connectionName);
         return refused(ExitCode::CannotOpen, QStringLiteral("データベースを開けません。"), path);
     }
-    return {};
+    return upgrade(path, connectionName);
 }
 
 void closeHostDatabase(const QString& connectionName)

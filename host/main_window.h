@@ -1,11 +1,11 @@
 #pragma once
 
 #include "host/entry_calls.h"
+#include "host/list_query.h"
 
 #include <tolvinpt/items.h>
 
 #include <QMainWindow>
-#include <QSet>
 
 class QAction;
 class QCheckBox;
@@ -13,9 +13,12 @@ class QComboBox;
 class QLabel;
 class QTableView;
 
+namespace tolvinpt {
+class Error;
+}
+
 namespace tolvinpt::host {
 
-class DeliveryFilter;
 class DeliveryListModel;
 
 // The host's window: the delivery records of the database, filtered by customer, kind and waste box,
@@ -36,20 +39,34 @@ public:
     void refresh();
 
 private:
+    // The selection by record, to be found again once the list has changed under it.
+    struct KeptSelection
+    {
+        bool all = false;
+        QList<qint64> ids;
+        qint64 currentId = 0;
+        int currentOffset = -1; // the current row's distance from the top of the view, -1 when out of view
+    };
+
     void buildFilterBar(QWidget* bar);
+    void buildList(QWidget* parent);
     void buildActions();
     void fitColumns();
-    void fillCustomerFilter();
-    void applyFilter();
+    bool fillCustomerFilter();
+    ListFilter chosenFilter() const;
+    // Shows the list anew, keeping the selection; false (and the list as it was) when it cannot be read.
+    bool showList(const ListQuery& query);
     void openSelected();
     void enterNew();
-    void reselect(const QSet<qint64>& ids, qint64 currentId);
+    void afterCall(const QList<qint64>& ids, const KeptSelection& kept);
+    KeptSelection keptSelection(bool sameRecords, const QList<qint64>* selectedIds = nullptr) const;
+    void restoreSelection(const KeptSelection& kept);
+    void reportListError(const Error& e);
     void updateStatus();
 
     QString m_connectionName;
     std::unique_ptr<EntryCalls> m_calls;
     DeliveryListModel* m_model = nullptr;
-    DeliveryFilter* m_filter = nullptr;
     QTableView* m_view = nullptr;
     QComboBox* m_customerFilter = nullptr;
     QComboBox* m_kindFilter = nullptr;

@@ -7,6 +7,7 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QStringList>
+#include <QUuid>
 
 #include <sqlite3.h>
 
@@ -27,6 +28,20 @@ Error toError(const QSqlError& error)
 }
 
 } // namespace
+
+ScopedConnection::ScopedConnection(const QString& path, const QString& options)
+    : m_name(QStringLiteral("tolvinpt-host-check-") + QUuid::createUuid().toString(QUuid::Id128))
+{
+    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_name);
+    db.setDatabaseName(path);
+    db.setConnectOptions(options);
+}
+
+ScopedConnection::~ScopedConnection()
+{
+    QSqlDatabase::database(m_name, false).close();
+    QSqlDatabase::removeDatabase(m_name);
+}
 
 void runScript(const QSqlDatabase& db, const QString& script)
 {
@@ -70,6 +85,7 @@ qint64 insertRow(const QSqlDatabase& db, const QString& table, const ColumnValue
 QSqlQuery execQuery(const QSqlDatabase& db, const QString& sql, const QVariantList& values)
 {
     QSqlQuery query(db);
+    query.setForwardOnly(true);
     if (!query.prepare(sql))
         throw toError(query.lastError());
     for (const QVariant& value : values)

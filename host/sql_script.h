@@ -13,6 +13,21 @@ namespace tolvinpt::host {
 // One column and its value for insertRow; a null QVariant writes Null.
 using ColumnValues = std::vector<std::pair<QString, QVariant>>;
 
+// A SQLite connection of its own under a unique name, for one look at a file (or at ":memory:"); closed
+// and removed when it goes out of scope.
+class ScopedConnection
+{
+public:
+    ScopedConnection(const QString& path, const QString& options = {});
+    ~ScopedConnection();
+    ScopedConnection(const ScopedConnection&) = delete;
+    ScopedConnection& operator=(const ScopedConnection&) = delete;
+    QSqlDatabase db() const { return QSqlDatabase::database(m_name, false); }
+
+private:
+    QString m_name;
+};
+
 // Runs every statement of a SQL script (as found in the .sql resources) on the SQLite connection `db`.
 // Throws tolvinpt::Error with SQLite's message and error code on the first failing statement.
 void runScript(const QSqlDatabase& db, const QString& script);
@@ -21,7 +36,8 @@ QString readResource(const QString& path);
 // INSERT INTO table (columns) VALUES (bound values) and returns the new row's id; throws
 // tolvinpt::Error on failure.
 qint64 insertRow(const QSqlDatabase& db, const QString& table, const ColumnValues& values);
-// Runs one statement with bound values and returns the executed query; throws tolvinpt::Error on failure.
+// Runs one statement with bound values and returns the executed query, forward only; throws
+// tolvinpt::Error on failure.
 QSqlQuery execQuery(const QSqlDatabase& db, const QString& sql, const QVariantList& values = {});
 
 } // namespace tolvinpt::host

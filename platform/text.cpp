@@ -4,9 +4,11 @@
 
 #include <unicode/translit.h>
 #include <unicode/ucnv.h>
+#include <unicode/ucnv_cb.h>
 #include <unicode/unistr.h>
 
 #include <algorithm>
+#include <initializer_list>
 #include <memory>
 #include <span>
 #include <stdexcept>
@@ -24,7 +26,21 @@ struct WidthFix
     std::u16string_view to;
 };
 
-// Applied after Halfwidth-Fullwidth.
+// Characters that Windows converts as the code page's character under another code point; ICU's table
+// does not hold them. They count and widen as that one.
+constexpr WidthFix HeldAs[] = {
+    {u'\u301C', u"\uFF5E"}, // 〜 ～
+    {u'\u2212', u"\uFF0D"}, // − －
+    {u'\u2016', u"\u2225"}, // ‖ ∥
+    {u'\u00A2', u"\uFFE0"}, // ¢ ￠
+    {u'\u00A3', u"\uFFE1"}, // £ ￡
+    {u'\u00AC', u"\uFFE2"}, // ¬ ￢
+};
+
+// A private-use code point that ICU's table maps and Windows does not: one substitute byte.
+constexpr char16_t NotHeld = u'\uF86F';
+
+// Applied after Halfwidth-Fullwidth, with HeldAs.
 constexpr WidthFix WideningFixes[] = {
     {u'\uFF02', u"\u201D"}, // ＂ and ＇ are vendor additions to the code page; JIS X 0208 has ” and ’
     {u'\uFF07', u"\u2019"},
@@ -32,10 +48,7 @@ constexpr WidthFix WideningFixes[] = {
     {u'\u309A', u"\u309C"},
     {u'\u30F7', u"\u30EF\u309B"}, // ヷ and ヺ are not in the code page: base and mark
     {u'\u30FA', u"\u30F2\u309B"},
-    {u'\u301C', u"\uFF5E"}, // characters the code page holds under another code point
-    {u'\u2212', u"\uFF0D"},
-    {u'\u2016', u"\u2225"},
-    {u'\u2014', u"\u2015"},
+    {u'\u2014', u"\u2015"}, // — and ‾ are not in the code page; its dash and macron are
     {u'\u203E', u"\uFFE3"},
 };
 
@@ -56,19 +69,36 @@ struct ConverterCloser
     void operator()(UConverter* converter) const { ucnv_close(converter); }
 };
 
+// Everything the code page cannot hold becomes one substitute byte, as on Windows. ICU's own substitute
+// is two bytes, and its substitution skips default-ignorable characters (U+200B, U+FEFF, the variation
+// selectors...) altogether.
+void substituteOneByte(const void*, UConverterFromUnicodeArgs* args, const UChar*, int32_t, UChar32,
+                       UConverterCallbackReason reason, UErrorCode* status)
+{
+    if (reason > UCNV_IRREGULAR)
+        return; // reset, close or clone: nothing to convert
+    *status = U_ZERO_ERROR;
+    ucnv_cbFromUWriteBytes(args, "?", 1, 0, status);
+}
+
 UConverter* cp932Converter()
 {
     static const std::unique_ptr<UConverter, ConverterCloser> converter = [] {
         UErrorCode status = U_ZERO_ERROR;
         std::unique_ptr<UConverter, ConverterCloser> opened(ucnv_open("windows-31j", &status));
-        // ICU's own substitute is two bytes, which would make an unmappable character full-width.
         if (U_SUCCESS(status))
-            ucnv_setSubstChars(opened.get(), "?", 1, &status);
+            ucnv_setFromUCallBack(opened.get(), substituteOneByte, nullptr, nullptr, nullptr, &status);
         if (U_FAILURE(status))
             throw std::runtime_error(std::string("code page 932 converter: ") + u_errorName(status));
         return opened;
     }();
     return converter.get();
+}
+
+const WidthFix* fixOf(std::span<const WidthFix> fixes, char16_t c)
+{
+    const auto fix = std::find_if(fixes.begin(), fixes.end(), [c](const WidthFix& f) { return f.from == c; });
+    return fix == fixes.end() ? nullptr : &*fix;
 }
 
 std::unique_ptr<icu::Transliterator> createTransliterator(const char* id)
@@ -81,7 +111,9 @@ std::unique_ptr<icu::Transliterator> createTransliterator(const char* id)
     return created;
 }
 
-QString transliterate(const icu::Transliterator& rule, std::span<const WidthFix> fixes, const QString& text)
+// `rule`, then each character of the result through the first of `tables` that has a fix for it.
+QString transliterate(const icu::Transliterator& rule,
+                      std::initializer_list<std::span<const WidthFix>> tables, const QString& text)
 {
     icu::UnicodeString converted(reinterpret_cast<const UChar*>(text.utf16()), int32_t(text.size()));
     rule.transliterate(converted);
@@ -89,11 +121,13 @@ QString transliterate(const icu::Transliterator& rule, std::span<const WidthFix>
     result.reserve(converted.length());
     for (int32_t i = 0; i < converted.length(); ++i) {
         const char16_t c = converted.charAt(i);
-        const auto fix = std::find_if(fixes.begin(), fixes.end(), [c](const WidthFix& f) { return f.from == c; });
-        if (fix == fixes.end())
-            result += QChar(c);
-        else
+        const WidthFix* fix = nullptr;
+        for (auto table = tables.begin(); !fix && table != tables.end(); ++table)
+            fix = fixOf(*table, c);
+        if (fix)
             result += QStringView(fix->to);
+        else
+            result += QChar(c);
     }
     return result;
 }
@@ -104,26 +138,35 @@ int cp932ByteLength(const QString& text)
 {
     if (text.isEmpty())
         return 0;
+    QVarLengthArray<char16_t, 128> units(text.size());
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const char16_t c = text[i].unicode();
+        const WidthFix* held = fixOf(HeldAs, c);
+        units[i] = held ? held->to.front() : c == NotHeld ? u'?' : c;
+    }
     // A UTF-16 unit never takes more than two bytes; a surrogate pair becomes one substitute byte.
-    QVarLengthArray<char, 256> bytes(2 * text.size());
+    QVarLengthArray<char, 256> bytes(2 * units.size());
     UErrorCode status = U_ZERO_ERROR;
-    const int32_t length = ucnv_fromUChars(cp932Converter(), bytes.data(), int32_t(bytes.size()),
-                                           reinterpret_cast<const UChar*>(text.utf16()), int32_t(text.size()),
-                                           &status);
+    const int32_t length =
+        ucnv_fromUChars(cp932Converter(), bytes.data(), int32_t(bytes.size()),
+                        reinterpret_cast<const UChar*>(units.data()), int32_t(units.size()), &status);
     Q_ASSERT(U_SUCCESS(status)); // the buffer always suffices and unmappable input is substituted
     return length;
 }
 
 QString toHalfWidth(const QString& text)
 {
-    static const auto rule = createTransliterator("Fullwidth-Halfwidth");
-    return transliterate(*rule, NarrowingFixes, text);
+    // The code page holds ￠ ￡ ￢ ￣ ￤ and these arrows and shapes as full-width only: Unicode's
+    // half-width forms of them are not in it.
+    static const auto rule =
+        createTransliterator("[^\\uFFE0-\\uFFE4\\u2190-\\u2193\\u2502\\u25A0\\u25CB] Fullwidth-Halfwidth");
+    return transliterate(*rule, {NarrowingFixes}, text);
 }
 
 QString toFullWidth(const QString& text)
 {
     static const auto rule = createTransliterator("Halfwidth-Fullwidth");
-    return transliterate(*rule, WideningFixes, text);
+    return transliterate(*rule, {HeldAs, WideningFixes}, text);
 }
 
 QString toUpperCase(const QString& text)

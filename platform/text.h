@@ -8,9 +8,9 @@ namespace tolvinpt {
 // character is one byte, a full-width one two. These functions keep ICU objects that are created on
 // first use and shared afterwards: call them from the UI thread only.
 
-// Length in bytes of `text` in code page 932. A character the code page cannot hold (an emoji, a
-// Hangul syllable, U+00A5 ¥, U+301C 〜) counts as one substitute byte, so it is never taken for
-// full-width.
+// Length in bytes of `text` in code page 932 as Windows converts it. A character the code page cannot
+// hold (an emoji, a Hangul syllable, U+00A5 ¥, an invisible one such as U+200F) counts as one substitute
+// byte, so it is never taken for full-width; 〜 − ‖ ¢ £ ¬ count as the code page's ～ － ∥ ￠ ￡ ￢.
 int cp932ByteLength(const QString& text);
 
 // Every character that has a half-width form in code page 932 becomes it: full-width ASCII becomes
@@ -23,7 +23,7 @@ QString toHalfWidth(const QString& text);
 // (" and ' become ” and ’, \ becomes ＼, ~ becomes ～), the blank the ideographic blank, half-width
 // katakana full-width, a base and a following sound mark one character where the code page has one
 // (ｶﾞ becomes ガ, but ﾜﾞ becomes ワ゛). Characters the code page holds under another code point become
-// that one (〜 becomes ～, − becomes －). Characters that are already full-width stay.
+// that one (〜 becomes ～, − becomes －), — and ‾ its ― and ￣. Characters that are already full-width stay.
 QString toFullWidth(const QString& text);
 
 // Unicode upper case.

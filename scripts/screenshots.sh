@@ -1,13 +1,15 @@
 #!/usr/bin/env bash
 # Retakes the pictures in docs/screenshots under a virtual display: the host on a fresh demo database,
-# a demo record in the entry form. Needs xvfb, xdotool and imagemagick; build the host first.
+# a demo record in the entry form. Needs xvfb, xdotool and imagemagick; build first with the tests
+# (scripts/dev.sh test builds into build-test; BUILD=build-test scripts/screenshots.sh).
 set -euo pipefail
 cd "$(dirname "$0")/.."
+build=${BUILD:-build}
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cat > "$work/take.sh" <<INNER
 #!/usr/bin/env bash
-build/host/tolvinpt-host --database "$work/demo.sqlite" & pid=\$!
+$build/host/tolvinpt-host --database "$work/demo.sqlite" & pid=\$!
 sleep 4
 import -window root -crop 1440x760+0+0 docs/screenshots/host.png
 xdotool mousemove 420 145 click --repeat 2 --delay 80 1
@@ -17,5 +19,5 @@ kill \$pid
 INNER
 chmod +x "$work/take.sh"
 xvfb-run -s "-screen 0 1440x900x24" "$work/take.sh"
-build/tests/forms/form_screenshot docs/screenshots/form-new.png 2>/dev/null ||
-    xvfb-run build/tests/forms/form_screenshot docs/screenshots/form-new.png
+"$build/tools/form_screenshot" docs/screenshots/form-new.png 2>/dev/null ||
+    xvfb-run "$build/tools/form_screenshot" docs/screenshots/form-new.png

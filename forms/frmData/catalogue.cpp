@@ -93,7 +93,7 @@ constexpr ControlSpec Controls[] = {
     {u"optQuantity(3)",       K::OptionButton,   Qty,  u"個別指定",        u"",                               0,   I::Default,  0,                 {180, 1200, 1035, 180},  62, 0},
     {u"cmdQuantity",          K::Button,         Qty,  u"個別入力",        u"",                               0,   I::Default,  0,                 {1740, 1140, 1515, 315}, 63, 0},
     // Information pages: two borderless frames over the tab strip, one shown at a time
-    {u"TabStrip1",            K::TabStrip,       Form, u"",                u"",                               0,   I::Default,  0,                 {120, 4800, 5955, 1875}, 0,  0},
+    {u"TabStrip1",            K::TabStrip,       Form, u"",                u"",                               0,   I::Default,  0,                 {120, 4800, 5955, 1875}, 64, 0},
     {u"fraInfoMy",            K::Frame,          Form, u"",                u"",                               0,   I::Default,  0,                 {180, 5220, 5835, 1395}, 65, 0},
     {u"Label16(0)",           K::Label,          My,   u"備考",            u"",                               0,   I::Default,  0,                 {60, 180, 1155, 315},    0,  0},
     {u"txtMyRemarksA",        K::TextBox,        My,   u"",                u"",                               25,  I::Off,      0,                 {1260, 180, 3255, 315},  67, Mark},

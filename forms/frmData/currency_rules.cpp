@@ -43,7 +43,8 @@ void cobCurrency_Validate(frmData& form, bool& cancel)
         cancel = true;
         return;
     }
-    if (pricedInYen(form)) {
+    // Only the exact code: "JPY " is a code of its own, although the price rule reads it as yen.
+    if (combo->currentText() == Yen) {
         // A foreign price may be too large for yen; the price rule says so, then this box says why.
         form.txtUnitPrice_Validate(cancel);
         if (cancel)

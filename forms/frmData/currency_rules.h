@@ -10,7 +10,8 @@ class frmData;
 
 namespace tolvinpt::frmdata {
 
-// True when the record is in yen: the currency code, without blanks around it, is "JPY".
+// True when the unit price is in yen: the currency code, without blanks around it, is "JPY". (Leaving
+// the currency checks the price for yen only when the code is exactly "JPY".)
 bool pricedInYen(const frmData& form);
 
 // Hangs the upper-case letters, entry, completion, name following and the leave check on cobCurrency.

@@ -68,25 +68,6 @@ TEST_F(ComponentTest, ActiveCustomersAreCountedAnewOnEveryCall)
     EXPECT_TRUE(messages.shown.isEmpty());
 }
 
-TEST_F(ComponentTest, SecondObjectReplacesSharedStateAndAnyDestructionClearsIt)
-{
-    host.customers = {customer(1, false)};
-    auto first = std::make_unique<fmInput>();
-    const auto firstCompany = gCompany;
-    {
-        fmInput second;
-        EXPECT_EQ(host.companySettingsCreated, 2);
-        EXPECT_NE(gCompany, firstCompany);
-        EXPECT_TRUE(gCustomers);
-    }
-    // Destroying the second object leaves the first without company and customers; the database stays.
-    EXPECT_FALSE(gCompany);
-    EXPECT_FALSE(gCustomers);
-    EXPECT_EQ(gDB.connectionName(), host.connectionName);
-    first.reset();
-    EXPECT_FALSE(gCompany);
-}
-
 TEST_F(ComponentTest, HostFailuresReachTheCallerAsTheComponentError)
 {
     RegisterHostObjects(nullptr);

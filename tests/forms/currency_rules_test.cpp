@@ -75,19 +75,24 @@ TEST_F(CurrencyTest, LeavingChecksTheCode)
 
 TEST_F(CurrencyTest, SwitchingToYenChecksTheUnitPriceFirst)
 {
-    for (const auto& [price, priceAfter, refused] :
-         {std::tuple{u"12345678901.5"_s, u"12345678901.5"_s, true}, {u"12.3456"_s, u"12.346"_s, false}}) {
-        SCOPED_TRACE(price.toStdString());
+    // clang-format off
+    const struct { QString price, typed, priceAfter; bool refused; } cases[] = {
+        {u"12345678901.5"_s, u"j"_s, u"12345678901.5"_s, true},
+        {u"12.3456"_s, u"j"_s, u"12.346"_s, false},
+        {u"12345678901.5"_s, u"jpy "_s, u"12345678901.5"_s, false}, // only the exact code is checked
+    };
+    // clang-format on
+    for (const auto& c : cases) {
+        SCOPED_TRACE(QString(c.price + u' ' + c.typed).toStdString());
         currency()->setCurrentIndex(1);
-        text(u"txtUnitPrice"_s)->setText(price);
-        fill(u"cobCurrency"_s, u"j"_s);
-        EXPECT_EQ(text(u"txtUnitPrice"_s)->text(), priceAfter);
-        if (refused) {
-            ASSERT_EQ(messages.shown.size(), 2);
-            EXPECT_EQ(messages.shown.takeFirst().text, u"単価の最大値は 999,999,999.999 です"_s);
-            expectOneMessage(
-                u"通貨を「日本円」に変更する場合は、\r\n単価を変更してから、通貨ｺｰﾄﾞを指定してください",
-                u"通貨ｺｰﾄﾞ & 単価 ﾁｪｯｸ...", QMessageBox::Information);
+        text(u"txtUnitPrice"_s)->setText(c.price);
+        fill(u"cobCurrency"_s, c.typed);
+        EXPECT_EQ(text(u"txtUnitPrice"_s)->text(), c.priceAfter);
+        if (c.refused) {
+            messages.expectShown(
+                {okMessage(u"単価の最大値は 999,999,999.999 です", u"[単価] - 入力ﾁｪｯｸ"),
+                 okMessage(u"通貨を「日本円」に変更する場合は、\r\n単価を変更してから、通貨ｺｰﾄﾞを指定してください",
+                           u"通貨ｺｰﾄﾞ & 単価 ﾁｪｯｸ...", QMessageBox::Information)});
             EXPECT_EQ(focusedField(), control(u"cobCurrency"_s));
             EXPECT_EQ(currency()->currentText(), u"JPY"_s);
             currency()->lineEdit()->selectAll();

@@ -161,13 +161,7 @@ protected:
     // The only message shown since the last check was `text` with `title`, `icon` and a single OK.
     void expectOneMessage(QStringView text, QStringView title, QMessageBox::Icon icon = QMessageBox::Warning)
     {
-        ASSERT_EQ(messages.shown.size(), 1);
-        const Message& m = messages.shown.front();
-        EXPECT_EQ(m.text, text.toString());
-        EXPECT_EQ(m.title, title.toString());
-        EXPECT_EQ(m.icon, icon);
-        EXPECT_EQ(m.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
-        messages.shown.clear();
+        messages.expectShown({okMessage(text, title, icon)});
     }
 
     FakeHostData host;

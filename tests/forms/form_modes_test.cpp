@@ -1,6 +1,7 @@
 // Form load, browse and new-record mode, the blank record, the order fields' lock, toolbars, menus,
 // the record list, the change flags and the package-mode options.
 #include "form_fixture.h"
+#include "stated_fields.h"
 
 #include "forms/combo_items.h"
 #include "forms/frmData/record_list_menu.h"
@@ -152,40 +153,35 @@ TEST_F(FormModesTest, ClearEntryFormBlanksTheRecordAndNewStartStartsAfresh)
     EXPECT_FALSE(form->bChanged || form->bChangedQTY);
 }
 
-TEST_F(FormModesTest, ToolbarButtonsByPositionAndKeyRouteToTheirMenuItems)
+TEST_F(FormModesTest, ToolbarButtonsByPositionAndKey)
 {
     load();
-    // Other code addresses Toolbar1 by these positions.
+    // Other code addresses Toolbar1 by these positions; a separator takes one too.
     const QStringList keys1 = {u"新規作成"_s, u"変更保存"_s, {},           u"戻る"_s, u"進む"_s, {},
                                u"一覧選択"_s, u"分割"_s,     u"詳細変更"_s};
-    for (auto [bar, specs] :
-         {std::pair{form->toolbar1(), frmdata::toolbar1()}, {form->toolbar2(), frmdata::toolbar2()}}) {
-        ASSERT_EQ(bar->count(), qsizetype(specs.size()));
-        EXPECT_EQ(bar->buttonAt(bar->count() + 1), nullptr);
-        for (int position = 1; position <= bar->count(); ++position) {
-            const ToolButtonSpec& row = specs[std::size_t(position - 1)];
-            SCOPED_TRACE(position);
-            EXPECT_TRUE(bar != form->toolbar1() || row.key == keys1[position - 1]);
-            EXPECT_EQ(bar->keyAt(position), row.key.toString());
-            QToolButton* button = bar->buttonAt(position);
-            EXPECT_EQ(bar->button(row.key.toString()), button);
-            EXPECT_EQ(button == nullptr, row.key.isEmpty()) << "a separator takes a position";
-            bar->setButtonEnabled(position, false);
-            EXPECT_FALSE(bar->isButtonEnabled(position));
-            bar->setButtonEnabled(position, true);
-            EXPECT_EQ(bar->isButtonEnabled(position), button != nullptr);
-            if (!button)
-                continue;
-            EXPECT_EQ(button->toolTip(), row.tooltip.toString());
-            EXPECT_FALSE(button->icon().isNull());
-            EXPECT_EQ(button->focusPolicy(), Qt::NoFocus);
-            EXPECT_EQ(button->popupMode() == QToolButton::MenuButtonPopup, row.dropDown);
-        }
+    KeyedToolBar* bar = form->toolbar1();
+    ASSERT_EQ(bar->count(), keys1.size());
+    EXPECT_EQ(bar->buttonAt(bar->count() + 1), nullptr);
+    for (int position = 1; position <= bar->count(); ++position) {
+        SCOPED_TRACE(position);
+        const QString& key = keys1[position - 1];
+        QToolButton* button = bar->buttonAt(position);
+        EXPECT_EQ(bar->keyAt(position), key);
+        EXPECT_EQ(button == nullptr, key.isEmpty());
+        bar->setButtonEnabled(position, true);
+        EXPECT_EQ(bar->isButtonEnabled(position), button != nullptr);
+        if (!button)
+            continue;
+        EXPECT_EQ(bar->button(key), button);
+        EXPECT_FALSE(button->icon().isNull());
+        EXPECT_EQ(button->focusPolicy(), Qt::NoFocus);
+        EXPECT_EQ(button->popupMode() == QToolButton::MenuButtonPopup, key == u"一覧選択");
     }
+    EXPECT_EQ(form->toolbar2()->keyAt(1), u"新規保存"_s);
     QSignalSpy next(form.get(), &frmData::nextRecordRequested);
     QSignalSpy previous(form.get(), &frmData::previousRecordRequested);
-    QTest::mouseClick(form->toolbar1()->button(u"進む"_s), Qt::LeftButton);
-    QTest::mouseClick(form->toolbar1()->button(u"戻る"_s), Qt::LeftButton);
+    QTest::mouseClick(bar->button(u"進む"_s), Qt::LeftButton);
+    QTest::mouseClick(bar->button(u"戻る"_s), Qt::LeftButton);
     EXPECT_TRUE(next.size() == 1 && previous.size() == 1);
 }
 
@@ -241,7 +237,7 @@ TEST_F(FormModesTest, OnlyTheShownMenusShortcutsWork)
     }
 }
 
-TEST_F(FormModesTest, EveryChangeMarksWhatTheCatalogueSays)
+TEST_F(FormModesTest, EveryChangeMarksWhatTheRulesSay)
 {
     host.multipleOwnCodes = true;
     host.ownCode = u"*"_s;
@@ -249,25 +245,20 @@ TEST_F(FormModesTest, EveryChangeMarksWhatTheCatalogueSays)
     load();
     form->gNewStart();
     combo(u"cobCustomer"_s)->addItems({u"得意先A:12345"_s, u"得:意:先B:00678"_s});
-    for (const auto& row : frmdata::controls()) {
-        if (row.kind == ControlKind::Button || row.kind == ControlKind::OptionButton)
-            continue; // the options: see the package-mode test
-        SCOPED_TRACE(row.name.toString().toStdString());
-        QWidget* w = control(row.name.toString());
+    for (const test::StatedField& field : test::StatedFields) {
+        SCOPED_TRACE(field.name.toString().toStdString());
+        QWidget* w = control(field.name.toString());
         clearFlags();
-        // Changed as the operator would: typing, picking another item, clicking.
-        if (auto* edit = qobject_cast<QLineEdit*>(w)) {
-            edit->setEnabled(true); // txtQuantity is open in its mode only
-            QTest::keyClicks(edit, u"7"_s);
-        } else if (auto* box = qobject_cast<QComboBox*>(w))
+        // A text changed (by typing or by code alike), another item picked, a click.
+        if (auto* edit = qobject_cast<QLineEdit*>(w))
+            edit->setText(edit->text() + u'7');
+        else if (auto* box = qobject_cast<QComboBox*>(w))
             box->setCurrentIndex(box->currentIndex() == 1 ? 0 : 1);
         else if (auto* check = qobject_cast<QCheckBox*>(w))
             QTest::mouseClick(check, Qt::LeftButton);
-        // The own-company choice marks through its click handling.
-        const unsigned marks = row.name == u"cobMyCodes" ? unsigned(marks::Changed) : row.marks;
-        EXPECT_EQ(form->bChanged, bool(marks & marks::Changed));
-        EXPECT_EQ(form->bChangedAmount, bool(marks & marks::Amount));
-        EXPECT_EQ(form->bChangedQTY, bool(marks & marks::Quantity));
+        EXPECT_EQ(form->bChanged, field.marks.contains(u'C'));
+        EXPECT_EQ(form->bChangedAmount, field.marks.contains(u'A'));
+        EXPECT_EQ(form->bChangedQTY, field.marks.contains(u'Q'));
     }
     EXPECT_EQ(text(u"txtMyCode"_s)->text(), u"0101"_s) << "the own-company choice fills the code";
     EXPECT_EQ(text(u"txtCustomCode"_s)->text(), u"00678"_s) << "the customer's code follows its last colon";

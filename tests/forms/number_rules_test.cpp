@@ -118,6 +118,7 @@ TEST_F(NumberRulesTest, UnitPricesKeepTheirCurrencysPrecisionAndLimit)
     // clang-format off
     const struct { QString currency, input, shown; /* empty: refused, the input stays */ QString message; } cases[] = {
         {u"JPY"_s, u"12.3456"_s, u"12.346"_s, {}},
+        {u" JPY "_s, u"12.3456"_s, u"12.346"_s, {}},   // the price reads the code without its blanks
         {u"USD"_s, u"12.345675"_s, u"12.34568"_s, {}},
         {u"XYZ"_s, u"12.345665"_s, u"12.34566"_s, {}}, // a code outside the list is foreign
         {u"JPY"_s, u"1.2.3"_s, u"0"_s, {}},            // unlike a quantity, all of it must be a number

@@ -37,11 +37,13 @@ void makeSqliteFile(const QString& path, const QStringList& statements, bool our
 }
 
 // Runs the real program with `arguments`; its exit code and standard error.
-std::pair<int, QString> runHost(const QStringList& arguments, const QProcessEnvironment& env = {})
+std::pair<int, QString> runHost(const QStringList& arguments, const QProcessEnvironment& env = {},
+                                const QString& folder = {})
 {
     QProcess program;
     if (!env.isEmpty())
         program.setProcessEnvironment(env);
+    program.setWorkingDirectory(folder);
     program.start(QStringLiteral(TOLVINPT_HOST_PROGRAM), arguments);
     EXPECT_TRUE(program.waitForFinished(60000));
     EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
@@ -60,13 +62,19 @@ QMap<QString, QByteArray> snapshot(const QString& dir)
 struct Refusal
 {
     const char* name;
-    const char* file;                     // in a fresh folder
+    const char* file;                     // as given, in a fresh folder that is the current one
     void (*prepare)(const QString& path); // makes what is found at `path`
     ExitCode expected;
     const char16_t* messageStart;
 };
 
 const Refusal kRefusals[] = {
+    {"NoName", "", [](const QString&) {}, ExitCode::CannotOpen,
+     u"データベースにはファイルを指定してください"},
+    {"InMemory", ":memory:", [](const QString&) {}, ExitCode::CannotOpen,
+     u"データベースにはファイルを指定してください"},
+    {"InMemoryUri", "file:demo.sqlite?mode=memory", [](const QString&) {}, ExitCode::CannotOpen,
+     u"データベースにはファイルを指定してください"},
     {"MissingFolder", "absent/demo.sqlite", [](const QString&) {}, ExitCode::CannotOpen,
      u"データベースのフォルダがありません"},
     {"FolderInsteadOfFile", "demo.sqlite", [](const QString& path) { QDir().mkdir(path); },
@@ -95,6 +103,14 @@ const Refusal kRefusals[] = {
          makeSqliteFile(path, {QStringLiteral("PRAGMA user_version = %1").arg(kSchemaVersion + 1)}, true);
      },
      ExitCode::NewerDatabase, u"このデータベースは新しい版の tolvinpt-host で作られています"},
+    {"OursWithColumnsMissing", "demo.sqlite",
+     [](const QString& path) {
+         makeSqliteFile(path,
+                        {QStringLiteral("ALTER TABLE T_Delivery DROP COLUMN F00018"),
+                         QStringLiteral("ALTER TABLE T_OwnCode DROP COLUMN Name")},
+                        true);
+     },
+     ExitCode::MissingColumns, u"データベースの表に必要な列がありません: T_Delivery.F00018, T_OwnCode.Name"},
 };
 
 void PrintTo(const Refusal& refusal, std::ostream* os)
@@ -109,15 +125,18 @@ class DatabaseRefusal : public ::testing::TestWithParam<Refusal>
 TEST_P(DatabaseRefusal, IsReportedAndLeavesTheFileAlone)
 {
     QTemporaryDir dir;
-    const QString path = dir.filePath(QString::fromLatin1(GetParam().file));
-    GetParam().prepare(path);
+    const QString path = QString::fromLatin1(GetParam().file);
+    GetParam().prepare(dir.filePath(path));
     const auto before = snapshot(dir.path());
     const QString line = QStringLiteral("tolvinpt-host: ") + QString::fromUtf16(GetParam().messageStart);
 
     ScriptedMessages messages;
     QString errText;
     QTextStream err(&errText);
+    const QString current = QDir::currentPath();
+    QDir::setCurrent(dir.path());
     EXPECT_EQ(openOrRefuse(path, err, true), toInt(GetParam().expected));
+    QDir::setCurrent(current);
     EXPECT_FALSE(QSqlDatabase::contains(kHostConnection));
     ASSERT_EQ(messages.shown.size(), 1);
     EXPECT_TRUE(messages.shown[0].text.startsWith(QString::fromUtf16(GetParam().messageStart)) &&
@@ -128,7 +147,7 @@ TEST_P(DatabaseRefusal, IsReportedAndLeavesTheFileAlone)
     EXPECT_EQ(snapshot(dir.path()), before);
 
     // The program itself: the same status, the line on stderr, and no message box offscreen.
-    const auto [code, stderrText] = runHost({QStringLiteral("--database"), path});
+    const auto [code, stderrText] = runHost({QStringLiteral("--database"), path}, {}, dir.path());
     EXPECT_EQ(code, toInt(GetParam().expected));
     EXPECT_TRUE(stderrText.contains(line)) << stderrText.toStdString();
     EXPECT_EQ(snapshot(dir.path()), before);

@@ -3,6 +3,7 @@
 #include "tests/support/scripted_messages.h"
 
 #include "host/delivery_list_model.h"
+#include "host/list_selection.h"
 #include "host/main_window.h"
 
 #include <tolvinpt/error.h>
@@ -11,6 +12,8 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QLabel>
+#include <QStatusBar>
 #include <QTableView>
 #include <QTest>
 
@@ -49,6 +52,7 @@ protected:
     void SetUp() override
     {
         DemoDatabaseTest::SetUp();
+        fillDatabase();
         auto recording = std::make_unique<RecordingCalls>();
         calls = recording.get();
         window = std::make_unique<MainWindow>(connection, path, std::move(recording));
@@ -63,6 +67,7 @@ protected:
         window.reset();
         DemoDatabaseTest::TearDown();
     }
+    virtual void fillDatabase() {} // before the window opens
 
     QVariant cell(int row, int role, int column = 0) const
     {
@@ -142,23 +147,13 @@ TEST_F(MainWindowTest, ListIsReadAgainAfterEachCallKeepingTheSelection)
     clickRow(4, Qt::ShiftModifier);
     const qint64 first = idAt(3);
     const qint64 second = idAt(4);
-    // While the form is open the operator changes the first record and moves another to the waste box.
-    const qint64 discarded = idAt(10);
+    // While the form is open the operator changes the first record.
     calls->during = [&] {
         exec(QStringLiteral("UPDATE T_Delivery SET F00007 = 'X-CHANGED' WHERE IDData = %1").arg(first));
-        exec(QStringLiteral("UPDATE T_Delivery SET InDustBox = 1 WHERE IDData = %1").arg(discarded));
     };
     const int before = view->model()->rowCount();
     window->findChild<QAction*>(QStringLiteral("openRecords"))->trigger();
-
-    EXPECT_EQ(view->model()->rowCount(), before - 1);
-    const Items selected = window->selectedItems();
-    ASSERT_EQ(selected.Count(), 2);
-    EXPECT_EQ(QList<qint64>({selected.Item(1).toLongLong(), selected.Item(2).toLongLong()}),
-              (QList<qint64>{first, second}));
-    EXPECT_EQ(view->currentIndex().data(DeliveryListModel::IdRole).toLongLong(), second);
-    const int row = view->currentIndex().row() - 1;
-    EXPECT_EQ(cell(row, Qt::DisplayRole, DeliveryListModel::OrderNumber).toString(),
+    EXPECT_EQ(cell(3, Qt::DisplayRole, DeliveryListModel::OrderNumber).toString(),
               QStringLiteral("X-CHANGED"));
 
     // A record added by NewData is listed, last as the list is sorted by ID.
@@ -168,11 +163,19 @@ TEST_F(MainWindowTest, ListIsReadAgainAfterEachCallKeepingTheSelection)
     };
     QTest::keyClick(view, Qt::Key_N, Qt::ControlModifier);
     EXPECT_EQ(calls->newDataCalls, 1);
-    ASSERT_EQ(view->model()->rowCount(), before);
-    EXPECT_EQ(cell(before - 1, Qt::DisplayRole, DeliveryListModel::Kind).toString(),
-              QStringLiteral("手入力"));
-    EXPECT_EQ(cell(before - 1, Qt::DisplayRole, DeliveryListModel::Currency).toString(),
-              QStringLiteral("JPY"));
+    ASSERT_EQ(view->model()->rowCount(), before + 1);
+    EXPECT_EQ(cell(before, Qt::DisplayRole, DeliveryListModel::Kind).toString(), QStringLiteral("手入力"));
+    EXPECT_EQ(cell(before, Qt::DisplayRole, DeliveryListModel::Currency).toString(), QStringLiteral("JPY"));
+
+    // Another operator's work shows on refresh (F5): a record moved to the waste box leaves the list.
+    exec(QStringLiteral("UPDATE T_Delivery SET InDustBox = 1 WHERE IDData = %1").arg(idAt(1)));
+    QTest::keyClick(view, Qt::Key_F5);
+    EXPECT_EQ(view->model()->rowCount(), before);
+    const Items selected = window->selectedItems();
+    ASSERT_EQ(selected.Count(), 2);
+    EXPECT_EQ(QList<qint64>({selected.Item(1).toLongLong(), selected.Item(2).toLongLong()}),
+              (QList<qint64>{first, second}));
+    EXPECT_EQ(view->currentIndex().data(DeliveryListModel::IdRole).toLongLong(), second);
 }
 
 TEST_F(MainWindowTest, ErrorOutOfACallIsShownWithItsNumber)
@@ -187,6 +190,147 @@ TEST_F(MainWindowTest, ErrorOutOfACallIsShownWithItsNumber)
     EXPECT_EQ(messages.shown[0].title, QStringLiteral("開く..."));
     EXPECT_EQ(messages.shown[0].icon, QMessageBox::Warning);
     EXPECT_EQ(messages.shown[1].title, QStringLiteral("新規入力..."));
+}
+
+// 100,000 records made by one statement: record i (its IDData) has customer 1 + i % 7, kind i % 9 (in the
+// order of the kind filter, 6 to 8 hand input: empty, Null and a lower-case code), order number "PO" and
+// the six digits of i * 7919 % 100000 (each number once), and lies in the waste box when i % 37 is 0.
+constexpr int kRecords = 100000;
+
+bool live(int i)
+{
+    return i % 37 != 0;
+}
+
+int orderNumber(int i)
+{
+    return int(qint64(i) * 7919 % kRecords);
+}
+
+class LargeListTest : public MainWindowTest
+{
+protected:
+    void fillDatabase() override
+    {
+        exec(QStringLiteral("DELETE FROM T_Delivery"));
+        exec(QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ") +
+             QString::number(kRecords) +
+             QStringLiteral(
+                 ") INSERT INTO T_Delivery (IDData, IDCustomer, F00002, F00030, F00007, InDustBox) "
+                 "SELECT i, 1 + i % 7, CASE i % 9 WHEN 0 THEN '0502' WHEN 1 THEN '0502' WHEN 2 THEN "
+                 "'0703' WHEN 3 THEN '9999' WHEN 4 THEN '9990' WHEN 5 THEN '999G' WHEN 6 THEN '' "
+                 "WHEN 8 THEN '999g' END, CASE i % 9 WHEN 0 THEN '2' WHEN 1 THEN '1' END, "
+                 "printf('PO%06d', i * 7919 % ") +
+             QString::number(kRecords) + QStringLiteral("), i % 37 = 0 FROM n"));
+    }
+    // The live records in order-number order.
+    static QList<qint64> byOrderNumber()
+    {
+        QList<qint64> ids;
+        for (int i = 1; i <= kRecords; ++i)
+            if (live(i))
+                ids << i;
+        std::sort(ids.begin(), ids.end(), [](qint64 a, qint64 b) { return orderNumber(a) < orderNumber(b); });
+        return ids;
+    }
+    void sortBy(int column, Qt::SortOrder order)
+    {
+        view->horizontalHeader()->setSortIndicator(column, order);
+    }
+    QComboBox* combo(const char* name) const
+    {
+        return window->findChild<QComboBox*>(QString::fromLatin1(name));
+    }
+    QModelIndex at(int row) const { return view->model()->index(row, 0); }
+};
+
+TEST_F(LargeListTest, CountsFiltersAndSortsInTheDatabase)
+{
+    int liveCount = 0;
+    int customer3Kind2G = 0;
+    int handInput = 0;
+    for (int i = 1; i <= kRecords; ++i) {
+        liveCount += live(i);
+        customer3Kind2G += live(i) && 1 + i % 7 == 3 && i % 9 == 5;
+        handInput += live(i) && i % 9 >= 6;
+    }
+    EXPECT_EQ(view->model()->rowCount(), liveCount);
+    EXPECT_EQ(window->statusBar()->findChild<QLabel*>()->text(),
+              QStringLiteral("%1 件 / 全 %2 件").arg(liveCount).arg(kRecords));
+    combo("customerFilter")->setCurrentIndex(combo("customerFilter")->findData(3));
+    combo("kindFilter")->setCurrentIndex(combo("kindFilter")->findText(QStringLiteral("納品情報(2G)")));
+    EXPECT_EQ(view->model()->rowCount(), customer3Kind2G);
+    combo("customerFilter")->setCurrentIndex(0);
+    combo("kindFilter")->setCurrentIndex(combo("kindFilter")->findText(QStringLiteral("手入力")));
+    EXPECT_EQ(view->model()->rowCount(), handInput);
+    combo("kindFilter")->setCurrentIndex(0);
+
+    // Descending order numbers: at the top, across a page boundary, in the middle, at the bottom.
+    const QList<qint64> ascending = byOrderNumber();
+    const int n = liveCount;
+    sortBy(DeliveryListModel::OrderNumber, Qt::DescendingOrder);
+    for (int row : {0, 127, 128, 129, n / 2, n / 2 + 1, n - 129, n - 1})
+        EXPECT_EQ(idAt(row), ascending[n - 1 - row]) << row;
+
+    // Every column sorts both ways through its own index.
+    ScriptedMessages messages;
+    for (int column = 0; column < ListColumnCount; ++column)
+        for (Qt::SortOrder order : {Qt::AscendingOrder, Qt::DescendingOrder}) {
+            sortBy(column, order);
+            EXPECT_EQ(view->model()->rowCount(), n) << column;
+            EXPECT_FALSE(idAt(n - 1) == 0) << column;
+        }
+    EXPECT_TRUE(messages.shown.isEmpty());
+    sortBy(DeliveryListModel::Kind, Qt::AscendingOrder);
+    EXPECT_EQ(cell(0, DeliveryListModel::KindRole), QStringLiteral("注文情報 納入指示待ち"));
+    EXPECT_EQ(cell(n - 1, DeliveryListModel::KindRole), QStringLiteral("手入力"));
+
+    // No record has a ship date: one value, so the rows follow IDData, across pages and reversed.
+    sortBy(DeliveryListModel::ShipDate, Qt::AscendingOrder);
+    QList<qint64> liveIds;
+    for (int i = 1; i <= kRecords; ++i)
+        if (live(i))
+            liveIds << i;
+    view->selectionModel()->select(QItemSelection(at(126), at(129)),
+                                   QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    EXPECT_EQ(window->selectedItems().Count(), 4);
+    EXPECT_EQ(QList<qint64>({idAt(127), idAt(128), idAt(n - 1)}),
+              QList<qint64>({liveIds[127], liveIds[128], liveIds[n - 1]}));
+    sortBy(DeliveryListModel::ShipDate, Qt::DescendingOrder);
+    EXPECT_EQ(idAt(0), liveIds[n - 1]);
+    EXPECT_EQ(rowSpans(view->selectionModel()->selection()), (QList<RowSpan>{{n - 130, n - 127}}));
+}
+
+// The operator opens 10,000 records and one more and, in the form, changes one so that it sorts to the
+// top and splits another (a new record right after it).
+TEST_F(LargeListTest, CallsRecordsAreSelectedAgainAsRangesAfterTheCall)
+{
+    const QList<qint64> ascending = byOrderNumber();
+    sortBy(DeliveryListModel::OrderNumber, Qt::AscendingOrder);
+    QItemSelectionModel* selection = view->selectionModel();
+    selection->select(QItemSelection(at(1000), at(10999)),
+                      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    selection->select(at(20000), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    selection->setCurrentIndex(at(5000), QItemSelectionModel::NoUpdate);
+    view->scrollTo(at(5000));
+    const int offset = 5000 - view->rowAt(0);
+    calls->during = [&] {
+        exec(QStringLiteral("UPDATE T_Delivery SET F00007 = 'PO000000A' WHERE IDData = %1")
+                 .arg(ascending[1500]));
+        exec(QStringLiteral("INSERT INTO T_Delivery (IDCustomer, F00007) VALUES (1, 'PO%1X')")
+                 .arg(orderNumber(ascending[3000]), 6, 10, QChar(u'0')));
+    };
+    window->findChild<QAction*>(QStringLiteral("openRecords"))->trigger();
+
+    ASSERT_EQ(calls->inputs.size(), 1);
+    EXPECT_EQ(calls->inputs[0], ascending.mid(1000, 10000) + QList<qint64>{ascending[20000]});
+    EXPECT_EQ(view->model()->rowCount(), ascending.size() + 1);
+    EXPECT_EQ(rowSpans(selection->selection()),
+              (QList<RowSpan>{{1, 1}, {1001, 3000}, {3002, 11000}, {20001, 20001}}));
+    EXPECT_EQ(idAt(1), ascending[1500]);
+    EXPECT_EQ(view->currentIndex().row(), 5001);
+    EXPECT_EQ(idAt(5001), ascending[5000]);
+    EXPECT_EQ(5001 - view->rowAt(0), offset);
 }
 
 } // namespace

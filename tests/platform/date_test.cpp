@@ -20,17 +20,5 @@ TEST(Ymd, ReadsOnlyEightDigitsOfACalendarDay)
     EXPECT_EQ(toYmd(QDate(5, 1, 2)), QStringLiteral("00050102"));
 }
 
-// The two-digit window and the accepted range are the same years, 1951 to 2050.
-TEST(Ymd, SixDigitYearsFallInTheAcceptedRange)
-{
-    for (const auto& [yy, year] : {std::pair{0, 2000}, {50, 2050}, {51, 1951}, {99, 1999}})
-        EXPECT_EQ(expandTwoDigitYear(yy), year);
-    EXPECT_TRUE(isAcceptedDate(QDate(1951, 1, 1)));
-    EXPECT_TRUE(isAcceptedDate(QDate(2050, 12, 31)));
-    EXPECT_FALSE(isAcceptedDate(QDate(1950, 12, 31)));
-    EXPECT_FALSE(isAcceptedDate(QDate(2051, 1, 1)));
-    EXPECT_FALSE(isAcceptedDate(QDate()));
-}
-
 } // namespace
 } // namespace tolvinpt

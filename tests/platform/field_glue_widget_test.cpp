@@ -1,7 +1,6 @@
-// Small pieces of field glue: select-all on entry, the event guard, locked and grey fields.
+// Small pieces of field glue: select-all on entry, locked and grey fields.
 #include "field_form.h"
 
-#include "platform/event_guard.h"
 #include "platform/field_state.h"
 #include "platform/select_all.h"
 
@@ -10,7 +9,6 @@
 #include <QWheelEvent>
 
 #include <functional>
-#include <stdexcept>
 
 namespace tolvinpt::test {
 namespace {
@@ -52,29 +50,6 @@ TEST(SelectAllText, EnteringAFieldSelectsAllOfIt)
     QLineEdit empty;
     SelectAllText(&empty);
     EXPECT_FALSE(empty.hasSelectedText());
-}
-
-TEST(EventGuard, RaisesTheFlagForItsScopeAndRestoresIt)
-{
-    bool notSeek = false;
-    QLineEdit edit;
-    QList<bool> seen;
-    QObject::connect(&edit, &QLineEdit::textChanged, [&] { seen.append(notSeek); });
-    {
-        EventGuard outer(notSeek);
-        {
-            EventGuard inner(notSeek);
-        }
-        edit.setText(QStringLiteral("XYZ")); // the inner guard restored the outer's value
-    }
-    edit.setText(QStringLiteral("JPY"));
-    EXPECT_EQ(seen, (QList<bool>{true, false}));
-    try {
-        EventGuard guard(notSeek);
-        throw std::runtime_error("store error");
-    } catch (const std::runtime_error&) {
-    }
-    EXPECT_FALSE(notSeek);
 }
 
 void wheelDown(QWidget* widget)

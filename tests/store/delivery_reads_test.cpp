@@ -51,20 +51,6 @@ TEST_P(Reads, DeliveryKeysComeInListOrder)
     EXPECT_EQ(readDeliveryKeys(temp.db(), {b, 999, a, n, b}), expected);
 }
 
-TEST_P(Reads, PackagesComeInSequenceOrderWhateverTheirNumbers)
-{
-    const qint64 id = insert(1, u"A"_s, u"A"_s);
-    for (const auto& [sequence, quantity] : {std::pair{9, u"3"_s}, {2, u"1.5"_s}, {5, u"2"_s}})
-        temp.db().execute(u"INSERT INTO T_DeliveryQTY (IDData, Sequence, Quantity) VALUES (?, ?, ?)"_s,
-                          {id, sequence, quantity});
-    insertPackageRows(temp.db(), id + 1, {u"99"_s}); // another record's package
-    const PackageRows rows = readPackageRows(temp.db(), id);
-    const std::vector<std::optional<Currency>> expected{Currency::fromString(u"1.5"_s),
-                                                        Currency::fromInteger(2), Currency::fromInteger(3)};
-    EXPECT_EQ(rows.quantities, expected);
-    EXPECT_FALSE(rows.truncated);
-}
-
 TEST_P(Reads, AtMostAHundredPackagesAreRead)
 {
     const qint64 id = insert(1, u"A"_s, u"A"_s);

@@ -1,0 +1,108 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+#include <optional>
+
+namespace tolvinpt::host {
+
+// The columns of the delivery list, left to right.
+enum ListColumn : int {
+    Id,
+    CustomerName,
+    Kind,
+    OrderNumber,
+    DeliveryKey,
+    ItemName,
+    DeliveryQuantity,
+    Unit,
+    Currency,
+    DueDate,
+    ShipDate,
+    DeliveryDate,
+    ListColumnCount
+};
+
+QString columnHeader(int column);
+
+// Which records the list shows.
+struct ListFilter
+{
+    std::optional<qint64> customerId;
+    std::optional<int> kind; // an index into kindCaptions()
+    bool showWasteBox = false;
+    friend bool operator==(const ListFilter&, const ListFilter&) = default;
+};
+
+// A record's place in the list order: its value in the sorted column, then its IDData.
+struct ListPlace
+{
+    QVariant key;
+    qint64 id = 0;
+};
+
+// One statement and the values bound to its placeholders, in order.
+struct Statement
+{
+    QString sql;
+    QVariantList values;
+};
+
+// The statements behind the list for one filter and one order. Each column has a value that is never
+// Null (what the list shows, sorts by and the index holds) and an index that starts with that value and
+// IDData and carries the filter's columns: pages, counts and positions are searches and scans of that
+// index that never read the table for the rows they pass over.
+class ListQuery
+{
+public:
+    enum Way { Forward, Backward }; // along the list order or against it
+
+    ListQuery() = default;
+    ListQuery(const ListFilter& filter, int column, Qt::SortOrder order);
+
+    const ListFilter& filter() const { return m_filter; }
+    int column() const { return m_column; }
+    Qt::SortOrder order() const { return m_order; }
+
+    // The records that pass the filter.
+    Statement count() const;
+    // The records in the waste box: few, so the usual list (all but those) is counted as the difference.
+    static Statement wasteBoxCount();
+    // `select` of the rows in list order (or against it), skipping `offset` rows from that end.
+    Statement fromEnd(const QString& select, Way way, qint64 offset) const;
+    // `select` of the rows beyond `place` (and `place` itself when `inclusive`) as two statements: those
+    // that share its key, by IDData, then those with a key beyond it. A unique key needs only the second.
+    QList<Statement> from(const QString& select, Way way, const ListPlace& place, bool inclusive) const;
+    // The same as counts (summed, they count the rows before `place`).
+    QList<Statement> countBefore(const ListPlace& place) const;
+    // `select` of the records among `ids` that pass the filter, in list order when `ordered`.
+    Statement among(const QString& select, const QList<qint64>& ids, bool ordered = true) const;
+    // `select` of the records above IDData `id` that pass the filter.
+    Statement newerThan(const QString& select, qint64 id) const;
+
+    // The column's value: what the list shows and sorts by.
+    static QString value(int column);
+    // Every column's value, then InDustBox: the select list of a row of the list.
+    static QString rowSelect();
+    // The column's value and IDData: the select list of a place.
+    QString placeSelect() const;
+
+private:
+    QString where(QVariantList& values) const;
+    QString orderBy(Way way) const;
+    bool ascending(Way way) const { return (way == Forward) == (m_order == Qt::AscendingOrder); }
+    QString base(const QString& select, QVariantList& values) const;
+    QList<Statement> beyond(const QString& select, Way way, const ListPlace& place, bool inclusive,
+                            bool ordered) const;
+
+    ListFilter m_filter;
+    int m_column = Id;
+    Qt::SortOrder m_order = Qt::AscendingOrder;
+};
+
+// CREATE INDEX IF NOT EXISTS statements for the list's indexes.
+QStringList listIndexStatements();
+
+} // namespace tolvinpt::host
