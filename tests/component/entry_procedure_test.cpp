@@ -202,10 +202,8 @@ TEST_F(EntryCall, ALockedDatabaseKeepsTheFormOnItsRecordAndSaysSo)
         }
         expectMovementMessage(u"database is locked (5)"_s);
         EXPECT_EQ(shownKey(form), u"K-1"_s);
-        EXPECT_EQ(form.control<QLineEdit>(u"txtIDData"_s)->text(), QString::number(ids[0]));
         EXPECT_EQ(gIndex, 1);
         EXPECT_EQ(buttons(form), u"011"_s);
-        EXPECT_EQ(form.recordList()->count(), 2);
         form.toolbar1()->button(u"進む"_s)->click(); // the lock gone, the same command moves
         EXPECT_EQ(shownKey(form), u"K-2"_s);
     });
@@ -222,77 +220,38 @@ TEST_F(EntryCall, FaultyHostsFailTheCallAndTheNextCallWorks)
     std::optional<ExclusiveLock> lock;
     const auto next = [](frmData& f) { f.toolbar1()->button(u"進む"_s)->click(); };
     const auto pickOwnCode = [](frmData& f) { QTest::keyClick(f.control(u"cobMyCodes"_s), Qt::Key_Down); };
+    // The faults are armed before the fmInput is created, or, with an `act`, on the open form just
+    // before the operator's act.
     struct Case
     {
         const char* what;
-        QHash<QString, Fault> faults; // armed before the fmInput is created
+        QHash<QString, Fault> faults;
         std::function<void()> afterCreate;
-        QHash<QString, Fault> faultsWhileOpen; // armed on the open form, then `act`
         std::function<void(frmData&)> act;
         bool newData;
         long number;
         QString description; // checked when given
     };
+    // clang-format off
     const Case cases[] = {
-        {"no company settings",
-         {{u"CreateCompanySettings"_s, Fault::ReturnsNull}},
-         {},
-         {},
-         {},
-         false,
-         91,
-         {}},
-        {"no database", {{u"Database"_s, Fault::ReturnsNull}}, {}, {}, {}, false, 91, {}},
-        {"no customer list", {{u"CreateCustomerList"_s, Fault::ReturnsNull}}, {}, {}, {}, false, 91, {}},
-        {"no customer at a position", {{u"At"_s, Fault::ReturnsNull}}, {}, {}, {}, true, 91, {}},
-        {"a count beyond the list", {{u"Count"_s, Fault::OneTooMany}}, {}, {}, {}, false, 440, {}},
-        {"another fmInput destroyed",
-         {},
-         [] { fmInput other; },
-         {},
-         {},
-         false,
-         91,
-         u"Object variable or With block variable not set"_s},
-        {"the customer lookup of the first record throws",
-         {{u"ByKey"_s, Fault::Throws}},
-         {},
-         {},
-         {},
-         false,
-         440,
-         u"fake host: ByKey failed"_s},
-        {"the view-only setting throws on moving",
-         {},
-         {},
-         {{u"ViewOnly"_s, Fault::Throws}},
-         next,
-         false,
-         440,
-         u"fake host: ViewOnly failed"_s},
-        {"the own-code name throws no std::exception",
-         {},
-         {},
-         {{u"NameOf"_s, Fault::ThrowsForeign}},
-         pickOwnCode,
-         true,
-         440,
-         {}},
-        {"the database is locked",
-         {},
-         [&] { lock.emplace(temp.filePath()); },
-         {},
-         {},
-         false,
-         5,
-         u"database is locked"_s},
+        {"no company settings", {{u"CreateCompanySettings"_s, Fault::ReturnsNull}}, {}, {}, false, 91, {}},
+        {"no database", {{u"Database"_s, Fault::ReturnsNull}}, {}, {}, false, 91, {}},
+        {"no customer list", {{u"CreateCustomerList"_s, Fault::ReturnsNull}}, {}, {}, false, 91, {}},
+        {"no customer at a position", {{u"At"_s, Fault::ReturnsNull}}, {}, {}, true, 91, {}},
+        {"a count beyond the list", {{u"Count"_s, Fault::OneTooMany}}, {}, {}, false, 440, {}},
+        {"another fmInput destroyed", {}, [] { fmInput other; }, {}, false, 91, u"Object variable or With block variable not set"_s},
+        {"the customer lookup of the first record throws", {{u"ByKey"_s, Fault::Throws}}, {}, {}, false, 440, u"fake host: ByKey failed"_s},
+        {"the view-only setting throws on moving", {{u"ViewOnly"_s, Fault::Throws}}, {}, next, false, 440, u"fake host: ViewOnly failed"_s},
+        {"the own-code name throws no std::exception", {{u"NameOf"_s, Fault::ThrowsForeign}}, {}, pickOwnCode, true, 440, u"Automation error"_s},
+        {"the database is locked", {}, [&] { lock.emplace(temp.filePath()); }, {}, false, 5, u"database is locked"_s},
     };
+    // clang-format on
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
-        host.faults = c.faults;
+        host.faults = c.act ? QHash<QString, Fault>() : c.faults;
         if (c.act) {
             whileShown([&](frmData& form) {
-                host.faults = c.faultsWhileOpen;
+                host.faults = c.faults;
                 c.act(form);
                 EXPECT_FALSE(form.isVisible()) << "the failure closed the form";
             });
