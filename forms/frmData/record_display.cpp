@@ -148,7 +148,7 @@ void showPackages(frmData& form, db::Database& database, const CustomerList& cus
     }
     step([&] { fill(form, u"txtQuantity", currencyText(C::Quantity)); });
     if (mode == PackageMode::Individual)
-        step([&] { loadPackageQuantities(gPackageQty, readPackageRows(database, *record.id()).quantities); });
+        step([&] { loadPackageQuantities(gPackageQty, readPackageRows(database, record.id().value()).quantities); });
 }
 
 void showRecord(frmData& form, db::Database& database, const CustomerList& customers, const DeliveryRecord& record)
