@@ -13,7 +13,10 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QProgressDialog>
 #include <QTextStream>
+
+#include <memory>
 
 namespace tolvinpt::host {
 namespace {
@@ -52,9 +55,28 @@ void configureApplication(QApplication& app)
     app.setFont(font);
 }
 
+// A progress window for the one-time upgrade of a large database, shown once it has begun.
+SchemaProgress upgradeProgress(std::unique_ptr<QProgressDialog>& dialog)
+{
+    return [&dialog](int done, int total) {
+        if (!dialog) {
+            dialog = std::make_unique<QProgressDialog>(
+                QStringLiteral("データベースをこの版に合わせています (一覧の索引を作成中)..."), QString(), 0,
+                total);
+            dialog->setWindowTitle(kApplicationName);
+            dialog->setMinimumDuration(0);
+        }
+        dialog->setValue(done);
+        QApplication::processEvents();
+    };
+}
+
 int openOrRefuse(const QString& path, QTextStream& err, bool messageBox)
 {
-    const OpenOutcome outcome = openHostDatabase(path, kHostConnection);
+    std::unique_ptr<QProgressDialog> progressWindow;
+    const OpenOutcome outcome = openHostDatabase(
+        path, kHostConnection, messageBox ? upgradeProgress(progressWindow) : SchemaProgress());
+    progressWindow.reset();
     if (outcome.code == ExitCode::Ok)
         return toInt(ExitCode::Ok);
     err << kApplicationName << QStringLiteral(": ") << QString(outcome.message).replace(u'\n', u' ')

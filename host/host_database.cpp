@@ -115,11 +115,11 @@ void buildNew(const QSqlDatabase& db)
 }
 
 // A database of an earlier version gets what this version adds (a big one takes a while, once).
-OpenOutcome upgrade(const QString& path, const QString& connectionName)
+OpenOutcome upgrade(const QString& path, const QString& connectionName, const SchemaProgress& progress)
 {
     try {
         if (needsUpgrade(QSqlDatabase::database(connectionName, false)))
-            inTransaction(connectionName, upgradeHostSchema);
+            inTransaction(connectionName, [&](const QSqlDatabase& db) { upgradeHostSchema(db, progress); });
     } catch (const Error& e) {
         closeHostDatabase(connectionName);
         return refused(ExitCode::CannotOpen,
@@ -154,7 +154,8 @@ OpenOutcome create(const QString& path, const QString& connectionName)
 
 } // namespace
 
-OpenOutcome openHostDatabase(const QString& path, const QString& connectionName)
+OpenOutcome openHostDatabase(const QString& path, const QString& connectionName,
+                             const SchemaProgress& progress)
 {
     if (!namesAFile(path))
         return refused(ExitCode::CannotOpen,
@@ -182,7 +183,7 @@ OpenOutcome openHostDatabase(const QString& path, const QString& connectionName)
         closeHostDatabase(connectionName);
         return refused(ExitCode::CannotOpen, QStringLiteral("データベースを開けません。"), path);
     }
-    return upgrade(path, connectionName);
+    return upgrade(path, connectionName, progress);
 }
 
 void closeHostDatabase(const QString& connectionName)

@@ -19,9 +19,16 @@ void createOwnTables(const QSqlDatabase& db)
     runScript(db, readResource(QStringLiteral(":/tolvinpt-host/host_tables.sql")));
 }
 
-void createListIndexes(const QSqlDatabase& db)
+void createListIndexes(const QSqlDatabase& db, const SchemaProgress& progress = {})
 {
-    runScript(db, listIndexStatements().join(QStringLiteral(";\n")));
+    const QStringList statements = listIndexStatements();
+    for (int done = 0; done < statements.size(); ++done) {
+        if (progress)
+            progress(done, int(statements.size()));
+        runScript(db, statements.at(done));
+    }
+    if (progress)
+        progress(int(statements.size()), int(statements.size()));
 }
 
 void markAsOurs(const QSqlDatabase& db)
@@ -97,10 +104,10 @@ bool needsUpgrade(const QSqlDatabase& db)
     return query.next() && query.value(0).toInt() < kSchemaVersion;
 }
 
-void upgradeHostSchema(const QSqlDatabase& db)
+void upgradeHostSchema(const QSqlDatabase& db, const SchemaProgress& progress)
 {
     // Version 1 had no indexes for the list.
-    createListIndexes(db);
+    createListIndexes(db, progress);
     markAsOurs(db);
 }
 

@@ -3,6 +3,8 @@
 #include <QSqlDatabase>
 #include <QStringList>
 
+#include <functional>
+
 namespace tolvinpt::host {
 
 // Marks a SQLite file as this host's (PRAGMA application_id): "TLVH".
@@ -23,9 +25,12 @@ void createHostSchema(const QSqlDatabase& db);
 // The same on a database that holds the delivery tables already (records of another program).
 void addHostTables(const QSqlDatabase& db);
 
+// How far a long schema change is: `done` of `total` steps, reported before each step and after the last.
+using SchemaProgress = std::function<void(int done, int total)>;
+
 // True for a host database of an earlier layout version; upgradeHostSchema brings it up to date inside
-// the caller's transaction. Both throw tolvinpt::Error.
+// the caller's transaction (on a million records that takes about a minute). Both throw tolvinpt::Error.
 bool needsUpgrade(const QSqlDatabase& db);
-void upgradeHostSchema(const QSqlDatabase& db);
+void upgradeHostSchema(const QSqlDatabase& db, const SchemaProgress& progress = {});
 
 } // namespace tolvinpt::host

@@ -12,7 +12,8 @@ namespace {
 
 using DemoDatabase = DemoDatabaseTest;
 
-// A database of the first version (without the list's indexes) opens and becomes what a new one is.
+// A database of the first version (without the list's indexes) opens and becomes what a new one is,
+// reporting its progress.
 TEST_F(DemoDatabase, OfAnEarlierVersionOpensAndIsBroughtUpToDate)
 {
     const auto schema = [this] {
@@ -35,8 +36,18 @@ TEST_F(DemoDatabase, OfAnEarlierVersionOpensAndIsBroughtUpToDate)
         exec(QStringLiteral("DROP INDEX ") + name);
     exec(QStringLiteral("PRAGMA user_version = 1"));
     closeHostDatabase(connection);
-    ASSERT_EQ(openHostDatabase(path, connection).code, ExitCode::Ok);
+    QList<std::pair<int, int>> progress;
+    ASSERT_EQ(openHostDatabase(path, connection,
+                               [&](int done, int total) {
+                                   progress.append({done, total});
+                               })
+                  .code,
+              ExitCode::Ok);
     EXPECT_EQ(schema(), fresh);
+    // Reported from the first step to the last, one step at a time.
+    ASSERT_FALSE(progress.isEmpty());
+    for (int i = 0; i < progress.size(); ++i)
+        EXPECT_EQ(progress[i], std::make_pair(i, int(progress.size()) - 1));
 }
 
 // Each query counts rows; the count must lie in [min, max].
