@@ -3,6 +3,7 @@
 #include "component/call_state.h"
 #include "component/state.h"
 #include "forms/combo_items.h"
+#include "forms/frmData/entry_link.h"
 #include "forms/frmData/frmData.h"
 #include "forms/frmData/record_display.h"
 #include "forms/frmData/record_list_menu.h"
@@ -18,6 +19,8 @@
 #include <QSignalBlocker>
 
 #include <functional>
+
+using namespace Qt::StringLiterals;
 
 namespace tolvinpt {
 namespace {
@@ -72,8 +75,7 @@ void fillRecordList(EntryCall& call)
 
 void showMovementError(const frmData& form, const QString& description, long number)
 {
-    // One format for every run-time error the operator sees: "description (number)".
-    showExclamation(db::DatabaseError(description, number).operatorText(), form.windowTitle());
+    form.reportRunTimeError(db::DatabaseError(description, number));
 }
 
 // Moves to `position` once its record has been read, then lets `followPosition` set the buttons. A
@@ -113,19 +115,76 @@ void connectMovement(EntryCall& call)
                      guarded([&call](int position) { ShowRecordAt(call, position); }));
 }
 
+QString listKeyOf(qint64 id)
+{
+    return QString::number(id) + u"Key"_s;
+}
+
+// The call as its form reaches it.
+class CallLink final : public EntryLink
+{
+public:
+    explicit CallLink(EntryCall& call) : m_call(call) {}
+
+    db::Database& database() override { return m_call.database; }
+    const CustomerList& customers() const override { return *m_call.customers; }
+    std::shared_ptr<Customer> customerByCode(const QString& code) const override
+    {
+        auto customer = m_call.customers->ByCode(code);
+        required(customer);
+        return customer;
+    }
+
+    // The record list finds a record's entry by its ListKey. A host that passed other elements (plain
+    // ids) has none: the entry of the position on screen, which is that record's, shows the number.
+    void recordSaved(qint64 id, const QString& deliveryKey, bool newRecord) override
+    {
+        RecordListMenu* list = m_call.form.recordList();
+        const QString key = listKeyOf(id);
+        if (!newRecord) {
+            if (!list->setEntryText(key, deliveryKey) && gIndex >= 1 && gIndex <= list->count())
+                list->setEntryText(list->keyAt(gIndex), deliveryKey);
+            return;
+        }
+        if (!m_call.onList)
+            return;
+        list->addEntry(key, deliveryKey);
+        gItems->Add(key);
+        const bool several = gItems->Count() >= 2;
+        m_call.form.toolbar1()->setButtonEnabled(Forward, several);
+        m_call.form.toolbar1()->setButtonEnabled(RecordList, several);
+    }
+
+    // Back on the record from which the new one was started; a call without a position ends.
+    void newRecordLeft() override
+    {
+        if (gIndex != 0)
+            ShowRecordAt(m_call, gIndex);
+        else
+            m_call.form.done(QDialog::Rejected);
+    }
+
+private:
+    EntryCall& m_call;
+};
+
 } // namespace
 
-EntryCall::EntryCall()
-    : company(held(gCompany)), customers(held(gCustomers)), database(openDatabase()), form(*company)
+EntryCall::EntryCall(bool onList)
+    : company(held(gCompany)), customers(held(gCustomers)), database(openDatabase()), form(*company),
+      onList(onList), link(std::make_unique<CallLink>(*this))
 {
+    form.setEntryLink(link.get());
 }
+
+EntryCall::~EntryCall() = default;
 
 std::unique_ptr<EntryCall> PrepareRecordList(Items& items)
 {
     if (items.Count() == 0)
         return nullptr;
     gItems = &items;
-    auto call = std::make_unique<EntryCall>();
+    auto call = std::make_unique<EntryCall>(true);
     frmData& form = call->form;
     fillRecordList(*call);
     FillCustomerCombo(form, *call->customers);
@@ -148,7 +207,7 @@ void OpenRecordList(Items& items)
 void OpenNewRecord()
 {
     HandlerFailures failures;
-    EntryCall call;
+    EntryCall call(false);
     FillCustomerCombo(call.form, *call.customers);
     call.form.toolbar1()->setButtonEnabled(Forward, false);
     call.form.toolbar1()->setButtonEnabled(RecordList, false);

@@ -10,16 +10,23 @@
 
 namespace tolvinpt {
 
+class EntryLink;
+
 // What one entry call holds while the form is up: the host's objects as the call found them (held, so
 // that an fmInput destroyed meanwhile releases nothing the form still uses), the store's access to gDB
-// and the loaded form. Throws the "object not set" error when a host object is missing.
+// and the loaded form, which reaches the call through `link`. `onList`: the call runs on the host's
+// record list (InputData), which a record saved in new-record mode joins. Throws the "object not set"
+// error when a host object is missing.
 struct EntryCall
 {
-    EntryCall();
+    explicit EntryCall(bool onList = false);
+    ~EntryCall();
     std::shared_ptr<CompanySettings> company;
     std::shared_ptr<CustomerList> customers;
     db::Database database;
     frmData form;
+    const bool onList;
+    const std::unique_ptr<EntryLink> link;
 };
 
 // One entry call: load the entry form on the host's list, show the first record, show the form

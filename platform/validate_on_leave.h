@@ -53,6 +53,9 @@ public:
     // focus. True when the value was accepted, or when no field with a handler has the focus. Inside a
     // running Validate handler it returns true at once and runs nothing.
     bool ValidateControls();
+    // Runs the Validate handler of `field` as if the operator left it, wherever the focus is; true when
+    // the value was accepted or the field has no handler.
+    bool validate(QWidget* field) { return runValidate(field); }
 
     // The registered field that holds `widget` (the widget itself, an ancestor, or a combo box around its
     // line edit), or null.

@@ -4,15 +4,22 @@
 // new-record mode. Its controls are built from forms/frmData/catalogue and found by their names.
 
 #include "forms/form_builder.h"
+#include "store/delivery_record.h"
 
 #include <QDialog>
+
+#include <optional>
 
 namespace tolvinpt {
 
 class CompanySettings;
+class EntryLink;
 class KeyedToolBar;
 class ValidateOnLeave;
 class RecordListMenu;
+namespace db {
+class DatabaseError;
+}
 
 class frmData final : public QDialog
 {
@@ -36,6 +43,13 @@ public:
     bool NotSeek = false;
     // The prefix length that cobCurrency_Change keeps for its own nested change; 0 between calls.
     qint16 CurrencyPrefixLength = 0;
+    // The stored row as the display read it; a save writes only while the database still holds it.
+    std::optional<DeliveryRecord> shownRecord;
+
+    // The running entry call's store, customers and record list; set by the call before the form is
+    // shown. The commands that read or write records need it.
+    void setEntryLink(EntryLink* link) { m_link = link; }
+    EntryLink& link() const;
 
     // Enters new-record mode on a blank record without pending changes.
     void gNewStart();
@@ -47,6 +61,30 @@ public:
 
     // Shows Toolbar1 and mnuData (browse) or Toolbar2 and mnuNewData (new record).
     void showModeControls(bool newRecord);
+
+    // Asked before the record on screen is left: true when it may be left (nothing pending, the
+    // operator dropped the changes, or they were saved). Traps run-time errors as "stay".
+    bool ConfirmLeave();
+    // The checks before every save, with their messages and focus moves; true when the save may go on.
+    bool CheckInput();
+    // Writes the record in one transaction; true when it was saved, with the flags then cleared. Every
+    // failure has been told to the operator, and the form keeps what was typed.
+    bool SaveRecord();
+
+    // Commands (forms/frmData/commands.cpp); the toolbars and the menus run them.
+    void mnuDataNew_Click();
+    void mnuDataSave_Click();
+    void mnuDataPrevious_Click();
+    void mnuDataNext_Click();
+    void mnuDataDetail_Click();
+    void mnuExitCancel_Click();
+    void mnuDataExit_Click();
+    void mnuNewDataSave_Click();
+    void mnuNewDataCancel_Click();
+    // The order-number search of new-record mode.
+    void cmdFind_Click();
+    // A run-time error that a command does not trap, as the operator sees it: "description (number)".
+    void reportRunTimeError(const db::DatabaseError& error) const;
 
     // Selects optQuantity(index) (1..3) and runs its click handling, even when it was selected already.
     void selectPackageMode(int index);
@@ -87,6 +125,8 @@ signals:
 protected:
     // The form has no cancel button: Escape closes nothing.
     void keyPressEvent(QKeyEvent* event) override;
+    // The close box and any close from outside ask first (Form_QueryUnload).
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     void escapeClosesNothing(QKeyEvent* event);
@@ -98,6 +138,9 @@ private:
     void installFieldRules();
     void connectCommands();
     void optQuantity_Click(int index);
+    void Form_QueryUnload(QCloseEvent* event);
+    // Closes the form as the component's own code does: nothing is asked.
+    void unload();
 
     const CompanySettings& m_company;
     ControlMap m_controls;
@@ -106,6 +149,7 @@ private:
     KeyedToolBar* m_toolbar2 = nullptr;
     RecordListMenu* m_recordList = nullptr;
     ValidateOnLeave* m_leave = nullptr;
+    EntryLink* m_link = nullptr;
     // True while txtMyCode re-selects cobMyCodes; the combo's click then changes nothing.
     bool MyCodeSyncing = false;
 };

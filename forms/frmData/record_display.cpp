@@ -1,8 +1,8 @@
 #include "forms/frmData/record_display.h"
 
-#include "forms/assign_text.h"
 #include "forms/combo_items.h"
 #include "forms/frmData/frmData.h"
+#include "forms/frmData/record_fields.h"
 #include "platform/database.h"
 #include "platform/date.h"
 #include "platform/decimal.h"
@@ -20,71 +20,14 @@
 #include <QLabel>
 #include <QLineEdit>
 
-#include <functional>
-
 namespace tolvinpt {
 namespace {
 
 using C = DeliveryColumn;
 
-struct FieldColumn
-{
-    QStringView field;
-    DeliveryColumn column;
-};
-
-// Text fields filled from their column as stored, in the order the display fills them.
-constexpr FieldColumn OrderTexts[] = {
-    {u"txtIDData", C::IDData},      {u"txtCustomCode", C::F00004}, {u"txtMyCode", C::F00005},
-    {u"txtOrderNo", C::F00007},     {u"txtPaymentKeyNo", C::F00159}, {u"txtTantoA", C::F00018},
-    {u"txtTantoK", C::F00260},      {u"txtPlaceC", C::F00028},     {u"txtPlaceA", C::F00160},
-    {u"txtPlaceK", C::F00274},      {u"txtHCode", C::F00024},      {u"txtMyHCode", C::F00023},
-    {u"txtHinmeiA", C::F00022},     {u"txtHinmeiK", C::F00262},
-};
-constexpr FieldColumn Dates[] = {{u"txtDate(0)", C::F00031}, {u"txtDate(1)", C::F00039}, {u"txtDate(2)", C::F00040}};
-constexpr FieldColumn Quantities[] = {
-    {u"txtAmountOrder", C::F00015}, {u"txtAmountIndicate", C::F00032}, {u"txtAmountDelivery", C::F00036}};
-constexpr FieldColumn Remarks[] = {
-    {u"txtCustomRemarksA", C::F00162}, {u"txtCustomRemarksK", C::F00275}, {u"txtMyRemarksA", C::F00164},
-    {u"txtMyRemarksK", C::F00276},     {u"txtCustomBar", C::F00161},      {u"txtMyBar", C::F00163},
-};
-
-// One statement of the display: a value that is missing or unreadable, or a database error, skips it and
-// the display goes on. A failure of the host's objects is no statement's own: it ends the display.
-void step(const std::function<void()>& statement)
-{
-    try {
-        statement();
-    } catch (const std::bad_optional_access&) {
-    } catch (const db::DatabaseError&) {
-    }
-}
-
 QLineEdit* box(const frmData& form, QStringView name)
 {
     return form.control<QLineEdit>(name.toString());
-}
-
-// A number as plain text: 1500 shows "1500", 2.5 shows "2.5".
-std::optional<QString> plainNumber(const DeliveryRecord& record, DeliveryColumn column)
-{
-    const auto value = record.number(column);
-    if (!value)
-        return std::nullopt;
-    const auto decimal = Decimal::fromDouble(*value);
-    return decimal ? std::optional(decimal->toString()) : std::nullopt;
-}
-
-void fill(const frmData& form, QStringView field, const std::optional<QString>& text)
-{
-    if (text)
-        assignText(box(form, field), *text); // whole, even past the field's limit
-}
-
-void fillTexts(const frmData& form, const DeliveryRecord& record, std::span<const FieldColumn> fields)
-{
-    for (const auto& f : fields)
-        step([&] { fill(form, f.field, record.text(f.column)); });
 }
 
 // Writes the currency code into the combo's edit part as typing would, so its own completion looks it
@@ -155,20 +98,18 @@ void showRecord(frmData& form, db::Database& database, const CustomerList& custo
 {
     step([&] { FindComboItem(form.control<QComboBox>(QStringLiteral("cobCustomer")), record.text(C::F00004).value()); });
     step([&] { form.ClearEntryForm(); });
-    fillTexts(form, record, OrderTexts);
-    for (const auto& f : Dates)
+    fillTexts(form, record, fields::orderTexts());
+    for (const auto& f : fields::dates())
         step([&] { fill(form, f.field, toYmd(record.date(f.column).value())); });
-    for (const auto& f : Quantities)
-        step([&] { fill(form, f.field, plainNumber(record, f.column)); });
-    step([&] { fill(form, u"txtUnit", record.text(C::F00012)); });
-    step([&] { form.control<QCheckBox>(QStringLiteral("chkTaxType"))->setChecked(record.integer(C::F00057) == 1); });
-    step([&] { fill(form, u"txtKensa", record.text(C::F00029)); });
+    fillNumbers(form, record, fields::quantities());
+    fillTaxIncluded(form, record);
+    fillTexts(form, record, fields::unitAndInspection());
     step([&] {
         form.control<QComboBox>(QStringLiteral("cobTaxation"))
             ->setCurrentIndex(taxationIndex(record.text(C::F00059), record.text(C::F00281)));
     });
     showCurrencyAndPrice(form, record);
-    fillTexts(form, record, Remarks);
+    fillTexts(form, record, fields::remarks());
     step([&] { form.control<QLabel>(QStringLiteral("lblInfo"))->setText(u'[' + recordKindCaption(record) + u']'); });
     step([&] { applyViewOnly(form, form.company().ViewOnly()); });
     step([&] {
@@ -182,8 +123,10 @@ void showRecord(frmData& form, db::Database& database, const CustomerList& custo
 void ShowDeliveryRecord(frmData& form, db::Database& database, const CustomerList& customers,
                         const std::optional<DeliveryRecord>& record)
 {
-    if (record)
+    if (record) {
+        form.shownRecord = *record;
         showRecord(form, database, customers, *record);
+    }
     form.bChanged = false;
     form.bChangedQTY = false;
 }

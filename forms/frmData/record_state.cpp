@@ -81,6 +81,7 @@ void frmData::SetDetailEditable(bool editable)
 
 void frmData::gNewStart()
 {
+    shownRecord.reset();
     ClearEntryForm();
     control<QCheckBox>(QStringLiteral("chkNew"))->setChecked(true);
     SetDetailEditable(true);
