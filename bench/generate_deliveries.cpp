@@ -49,7 +49,7 @@ int main(int argc, char** argv)
             bench::DeliveryGenerator generator(seed);
             QList<QVariant> packages;
             qint64 packageRows = 0;
-            db::Transaction transaction(database);
+            db::Transaction transaction(database, db::Transaction::Kind::Write);
             for (qint64 i = 0; i < records; ++i) {
                 const qint64 id = insertDeliveryRecord(database, generator.next(packages));
                 insertPackageRows(database, id, packages);

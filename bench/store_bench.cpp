@@ -165,7 +165,7 @@ int benchmark(const QString& file, db::Database::StatementPath path)
     print("find a record by order key", compare(11, count, findOurs, findRaw));
     // Inside one read transaction the locking drops out and the layers' own costs show.
     const Batch oursRead = [&](const std::function<double()>& calls) {
-        db::Transaction transaction(ours);
+        db::Transaction transaction(ours, db::Transaction::Kind::Read);
         return calls();
     };
     const Batch rawRead = [&](const std::function<double()>& calls) { return raw.inTransaction(calls); };
@@ -174,7 +174,7 @@ int benchmark(const QString& file, db::Database::StatementPath path)
     print("insert and delete a record", compare(
                                             7, 20,
                                             [&](int) {
-                                                db::Transaction transaction(ours);
+                                                db::Transaction transaction(ours, db::Transaction::Kind::Write);
                                                 deleteDeliveryRecord(ours,
                                                                      insertDeliveryRecord(ours, newRecord));
                                                 transaction.commit();

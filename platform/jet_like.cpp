@@ -152,4 +152,13 @@ std::optional<bool> likeMatches(QStringView pattern, QStringView text)
     return compiled->matches(text);
 }
 
+QStringView likeLiteralPrefix(QStringView pattern)
+{
+    const auto literal = [](QChar c) { return c != u'*' && c != u'?' && c != u'#' && c != u'[' && c != QChar(0); };
+    qsizetype end = 0;
+    while (end < pattern.size() && literal(pattern[end]))
+        ++end;
+    return pattern.first(end);
+}
+
 } // namespace tolvinpt::db

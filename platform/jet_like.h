@@ -47,6 +47,10 @@ private:
     std::vector<Range> m_ranges;
 };
 
+// The characters before the pattern's first wildcard or set: every text it matches starts with them
+// (letter case aside). Stops at a NUL too, which SQLite's text collations do not compare past.
+QStringView likeLiteralPrefix(QStringView pattern);
+
 // One-off match; nullopt for an invalid pattern.
 std::optional<bool> likeMatches(QStringView pattern, QStringView text);
 

@@ -9,10 +9,15 @@
 #include <QVariant>
 
 #include <memory>
+#include <optional>
 
 namespace tolvinpt::db {
 
 class SqlBackend;
+
+// What a transaction is for. Read: every statement in it sees one consistent state. Write: besides, no
+// other connection can write from its start to its end, so that what it checks before writing stays true.
+enum class TransactionKind { Read, Write };
 
 // Everything that differs between database engines, in one place: how the statements say the rules the
 // delivery data has always been queried with, and how values are stored. A new engine (PostgreSQL) is a
@@ -41,12 +46,24 @@ public:
     virtual QString textEquals(const QString& column) const = 0;
     // `column` matches the Like pattern bound at the next '?'.
     virtual QString matchesLike(const QString& column) const = 0;
+    // A condition on `column`, with the two values to bind at its two '?', that holds for every text
+    // starting with `prefix` under the rule of textEquals (and maybe for a few more), so that an index on
+    // the column can narrow a Like match to the pattern's literal start. nullopt for an empty prefix.
+    struct PrefixRange
+    {
+        QString sql;
+        QVariant from, to;
+    };
+    virtual std::optional<PrefixRange> textPrefixRange(const QString& column, QStringView prefix) const = 0;
     // `column` holds False.
     virtual QString isFalse(const QString& column) const = 0;
     // A statement that inserts a row with every column at its default; see insertReturnsKey().
     virtual QString insertDefaultRow(const QString& table, const QString& keyColumn) const = 0;
     // True: that statement returns the new key as its one row; false: the key is the last insert id.
     virtual bool insertReturnsKey() const = 0;
+    // The statement that begins a transaction of that kind (a server engine would take serialisable
+    // isolation or a lock for Write); COMMIT and ROLLBACK end it.
+    virtual QString beginTransaction(TransactionKind kind) const = 0;
 
     // Values to bind. An invalid date or date/time binds Null.
     virtual QVariant boolValue(bool value) const = 0;

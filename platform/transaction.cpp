@@ -2,35 +2,37 @@
 
 #include "platform/database.h"
 
-#include <QSqlError>
+using namespace Qt::StringLiterals;
 
 namespace tolvinpt::db {
 
-Transaction::Transaction(Database& database) : m_connection(database.connection())
+Transaction::Transaction(Database& database, Kind kind) : m_database(database)
 {
-    if (!m_connection.transaction())
-        throw DatabaseError::fromSqlError(m_connection.lastError());
+    m_database.execute(m_database.dialect().beginTransaction(kind));
     m_open = true;
 }
 
 Transaction::~Transaction()
 {
-    if (m_open)
-        m_connection.rollback();
+    if (!m_open)
+        return;
+    try {
+        m_database.execute(u"ROLLBACK"_s);
+    } catch (const DatabaseError&) {
+        // The engine may have rolled back on its own already (a full disk, RAISE(ROLLBACK)).
+    }
 }
 
 void Transaction::commit()
 {
-    if (!m_connection.commit())
-        throw DatabaseError::fromSqlError(m_connection.lastError());
+    m_database.execute(u"COMMIT"_s);
     m_open = false;
 }
 
 void Transaction::rollback()
 {
     m_open = false;
-    if (!m_connection.rollback())
-        throw DatabaseError::fromSqlError(m_connection.lastError());
+    m_database.execute(u"ROLLBACK"_s);
 }
 
 } // namespace tolvinpt::db

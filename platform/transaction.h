@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QSqlDatabase>
+#include "platform/sql_dialect.h"
 
 namespace tolvinpt::db {
 
@@ -13,8 +13,11 @@ class Database;
 class Transaction
 {
 public:
-    // Begins the transaction. Throws DatabaseError.
-    explicit Transaction(Database& database);
+    using Kind = TransactionKind;
+
+    // Begins the transaction; a Write one waits for another writer up to the connection's busy timeout.
+    // Throws DatabaseError.
+    Transaction(Database& database, Kind kind);
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
     // Rolls back unless committed or rolled back already; never throws.
@@ -27,7 +30,7 @@ public:
     bool isOpen() const { return m_open; }
 
 private:
-    QSqlDatabase m_connection;
+    Database& m_database;
     bool m_open = false;
 };
 

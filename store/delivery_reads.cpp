@@ -60,11 +60,16 @@ std::optional<DeliveryRecord> readDeliveryRecord(db::Database& database, qint64 
     statement.bind(0, id).exec();
     if (!statement.next())
         return std::nullopt;
-    std::optional<DeliveryRecord> record(std::in_place);
+    return deliveryRecordOfRow(statement);
+}
+
+DeliveryRecord deliveryRecordOfRow(const db::Statement& statement)
+{
+    DeliveryRecord record;
     const auto& columns = columnsNamed(statement.columnNames());
     for (std::size_t i = 0; i < columns.size(); ++i) {
         if (columns[i])
-            record->set(*columns[i], statement.value(int(i)));
+            record.set(*columns[i], statement.value(int(i)));
     }
     return record;
 }
@@ -77,7 +82,7 @@ std::vector<std::optional<QString>> readDeliveryKeys(db::Database& database, con
     std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) { return ids[a] < ids[b]; });
 
     std::vector<std::optional<QString>> keys(ids.size());
-    const db::Transaction snapshot(database);
+    const db::Transaction snapshot(database, db::Transaction::Kind::Read);
     db::Statement statement = database.prepare(u"SELECT F00159 FROM T_Delivery WHERE IDData = ?"_s);
     for (std::size_t i = 0; i < order.size(); ++i) {
         const std::size_t at = order[i];

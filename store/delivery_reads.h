@@ -11,6 +11,7 @@ namespace tolvinpt {
 namespace db {
 class Database;
 class SqlDialect;
+class Statement;
 } // namespace db
 
 // Reads of the delivery tables. Each throws DatabaseError when the engine fails.
@@ -20,6 +21,8 @@ class SqlDialect;
 // taken by name, so a column that the host's table lacks is missing from the record (has() is false)
 // and fails nothing else.
 std::optional<DeliveryRecord> readDeliveryRecord(db::Database& database, qint64 id);
+// The current row of a `SELECT *` on T_Delivery, read the same way.
+DeliveryRecord deliveryRecordOfRow(const db::Statement& statement);
 
 // The delivery key numbers (F00159) of the records `ids`, for the record list, read in one read
 // transaction: per id its key, empty text when it is Null, nullopt when there is no such record.

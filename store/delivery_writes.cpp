@@ -4,6 +4,8 @@
 #include "platform/sql_dialect.h"
 #include "platform/sql_values.h"
 
+#include <QLocale>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -88,6 +90,16 @@ QVariant storedValue(const db::SqlDialect& dialect, DeliveryColumn column, const
     case ColumnType::Boolean:
         if (type == QMetaType::Bool)
             return dialect.boolValue(value.toBool());
+        break;
+    case ColumnType::Text:
+        // A null QString is empty text of ours; some drivers would bind it as Null.
+        if (type == QMetaType::QString && value.toString().isNull())
+            return QVariant(QString(u""_s));
+        break;
+    case ColumnType::Double:
+        // Parsed here, correctly rounded, rather than by the engine's own text-to-number conversion.
+        if (type == QMetaType::QString && db::isDecimalText(value.toString()))
+            return QVariant(QLocale::c().toDouble(value.toString()));
         break;
     case ColumnType::Decimal:
     case ColumnType::Currency:

@@ -34,7 +34,8 @@ void deleteDeliveryRecord(db::Database& database, qint64 id);
 void insertPackageRows(db::Database& database, qint64 id, const QList<QVariant>& quantities);
 
 // A value of ours for `column` in the engine's stored form: dates, date/times and Booleans go through the
-// dialect, decimal text stays exact. Values already in stored form pass unchanged.
+// dialect, decimal text stays exact (and becomes a double for a Double column), a null QString is empty
+// text. Values already in stored form pass unchanged.
 QVariant storedValue(const db::SqlDialect& dialect, DeliveryColumn column, const QVariant& value);
 
 } // namespace tolvinpt

@@ -79,13 +79,13 @@ TEST_P(Layer, ErrorsCarryTheEngineNumber)
 TEST_P(Layer, TransactionRollsBackUnlessCommitted)
 {
     {
-        Transaction transaction(db());
+        Transaction transaction(db(), Transaction::Kind::Write);
         db().execute(u"INSERT INTO t (code) VALUES ('dropped')"_s);
-        EXPECT_THROW(Transaction inner(db()), DatabaseError); // one at a time on a connection
+        EXPECT_THROW(Transaction inner(db(), Transaction::Kind::Read), DatabaseError); // one at a time on a connection
     }
     EXPECT_EQ(count(), 0);
     try {
-        Transaction transaction(db());
+        Transaction transaction(db(), Transaction::Kind::Write);
         db().execute(u"INSERT INTO t (code) VALUES ('x')"_s);
         db().execute(u"INSERT INTO t (code) VALUES ('x')"_s);
         transaction.commit();
@@ -94,7 +94,7 @@ TEST_P(Layer, TransactionRollsBackUnlessCommitted)
     }
     EXPECT_EQ(count(), 0);
     {
-        Transaction transaction(db());
+        Transaction transaction(db(), Transaction::Kind::Write);
         db().execute(u"INSERT INTO t (code) VALUES ('kept')"_s);
         transaction.commit();
         EXPECT_FALSE(transaction.isOpen());

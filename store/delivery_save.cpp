@@ -1,0 +1,110 @@
+#include "store/delivery_save.h"
+
+#include "platform/database.h"
+#include "platform/sql_dialect.h"
+#include "platform/transaction.h"
+#include "store/delivery_reads.h"
+#include "store/delivery_writes.h"
+
+using namespace Qt::StringLiterals;
+
+namespace tolvinpt {
+
+namespace {
+
+// The columns that tell whether a stored row is still the one the form showed: everything the form
+// shows or writes. Not the print dates: printing is no edit, and a save clears them anyway. Not the
+// waste-box flag: the form neither shows nor writes it.
+bool comparedWithShown(const DeliveryColumnInfo& info)
+{
+    switch (info.writer) {
+    case Writer::DetailSave:
+    case Writer::PackageSave:
+        return true;
+    case Writer::None:
+        return info.column != DeliveryColumn::InDustBox;
+    default:
+        return false;
+    }
+}
+
+bool sameAsShown(const DeliveryRecord& shown, const DeliveryRecord& stored)
+{
+    for (const DeliveryColumnInfo& info : deliveryColumns()) {
+        if (!comparedWithShown(info))
+            continue;
+        // Exact: a change of letter case only is a change too.
+        if (shown.has(info.column) != stored.has(info.column) || shown.value(info.column) != stored.value(info.column))
+            return false;
+    }
+    return true;
+}
+
+// Every column of the detail that the detail save writes, in catalogue order, and the columns it clears.
+void updateDetail(db::Database& database, qint64 id, const DeliveryRecord& detail)
+{
+    QString assignments;
+    QVariantList values;
+    for (const DeliveryColumnInfo& info : deliveryColumns()) {
+        QString assignment;
+        if (info.writer == Writer::DetailSave && detail.has(info.column)) {
+            assignment = info.name + u" = ?"_s;
+            values.append(storedValue(database.dialect(), info.column, detail.value(info.column)));
+        } else if (info.writer == Writer::ClearedByDetail) {
+            assignment = info.name + u" = NULL"_s;
+        } else {
+            continue;
+        }
+        assignments += (assignments.isEmpty() ? u""_s : u", "_s) + assignment;
+    }
+    db::Statement statement = database.prepare(u"UPDATE T_Delivery SET "_s + assignments + u" WHERE IDData = ?"_s);
+    values.append(id);
+    for (int i = 0; i < values.size(); ++i)
+        statement.bind(i, values[i]);
+    statement.exec();
+}
+
+// The package mode and quantity, and the package rows rewritten as a whole.
+void writePackages(db::Database& database, qint64 id, const DeliverySave::Packages& packages)
+{
+    database.execute(u"UPDATE T_Delivery SET DateLabelPrint = NULL, QuantityType = ?, Quantity = ? WHERE IDData = ?"_s,
+                     {int(packages.mode),
+                      storedValue(database.dialect(), DeliveryColumn::Quantity, packages.quantity), id});
+    database.execute(u"DELETE FROM T_DeliveryQTY WHERE IDData = ?"_s, {id});
+    if (packages.mode != PackageMode::Individual)
+        return;
+    db::Statement insert =
+        database.prepare(u"INSERT INTO T_DeliveryQTY (IDData, Sequence, Quantity) VALUES (?, ?, ?)"_s);
+    for (const PackageQuantity& row : packageRowsOf(id, packages.quantities))
+        insert.bind({id, row.sequence, database.dialect().currencyValue(row.quantity)}).exec();
+}
+
+} // namespace
+
+SaveResult saveDelivery(db::Database& database, const DeliverySave& save)
+{
+    db::Transaction transaction(database, db::Transaction::Kind::Write);
+    const auto holder =
+        findLiveRecordByOrderKey(database, save.key.customer, save.key.orderNumber, save.key.deliveryKey);
+    if (holder && (save.isNew || *holder != save.id))
+        return {SaveOutcome::DuplicateKey, save.id};
+    if (!save.isNew && save.shown) {
+        const std::optional<DeliveryRecord> stored = readDeliveryRecord(database, save.id);
+        if (!stored)
+            return {SaveOutcome::DeletedByOther, save.id};
+        if (!sameAsShown(*save.shown, *stored))
+            return {SaveOutcome::ChangedByOther, save.id};
+    }
+    qint64 id = save.id;
+    if (save.detail) {
+        if (save.isNew)
+            id = insertBlankDeliveryRecord(database);
+        updateDetail(database, id, *save.detail);
+    }
+    if (save.packages)
+        writePackages(database, id, *save.packages);
+    transaction.commit();
+    return {SaveOutcome::Saved, id};
+}
+
+} // namespace tolvinpt
