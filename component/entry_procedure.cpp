@@ -115,11 +115,6 @@ void connectMovement(EntryCall& call)
                      guarded([&call](int position) { ShowRecordAt(call, position); }));
 }
 
-QString listKeyOf(qint64 id)
-{
-    return QString::number(id) + u"Key"_s;
-}
-
 // The call as its form reaches it.
 class CallLink final : public EntryLink
 {
@@ -140,7 +135,7 @@ public:
     void recordSaved(qint64 id, const QString& deliveryKey, bool newRecord) override
     {
         RecordListMenu* list = m_call.form.recordList();
-        const QString key = listKeyOf(id);
+        const QString key = ListKey(id);
         if (!newRecord) {
             if (!list->setEntryText(key, deliveryKey) && gIndex >= 1 && gIndex <= list->count())
                 list->setEntryText(list->keyAt(gIndex), deliveryKey);

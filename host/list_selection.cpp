@@ -53,7 +53,7 @@ Items itemsOf(const QList<qint64>& ids)
 {
     Items items;
     for (qint64 id : ids)
-        items.Add(id);
+        items.Add(ListKey(id));
     return items;
 }
 

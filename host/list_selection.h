@@ -19,7 +19,8 @@ QItemSelection selectionOf(const QList<RowSpan>& spans, const QAbstractItemModel
 // The IDData of the selected rows of a DeliveryListModel in the order in which the list shows them (top
 // to bottom, whatever the order of selecting). Reads the selected rows only; throws tolvinpt::Error.
 QList<qint64> selectedIds(const QItemSelectionModel& selection);
-// The ids as the component's list of records, each as a number.
+// The ids as the component's list of records, each as its ListKey ("1234Key"): the key by which the
+// component's record list finds a record again when it is saved.
 Items itemsOf(const QList<qint64>& ids);
 
 } // namespace tolvinpt::host

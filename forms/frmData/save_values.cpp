@@ -24,15 +24,9 @@ namespace {
 
 using C = DeliveryColumn;
 
-// Empty text is stored as empty text, never as Null: a null QString would bind as Null.
-QString nonNull(const QString& text)
-{
-    return text.isNull() ? u""_s : text;
-}
-
 QString textOf(const frmData& form, QStringView field)
 {
-    return nonNull(form.control<QLineEdit>(field.toString())->text());
+    return form.control<QLineEdit>(field.toString())->text();
 }
 
 // Empty text is Null; otherwise the characters of "yyyymmdd" are read as year, month and day: the
@@ -81,13 +75,13 @@ DeliveryRecord detailOf(const frmData& form, const db::SqlDialect& dialect)
     for (const FieldColumn& f : fields::dates())
         set(f.column, dateOf(textOf(form, f.field)));
     for (const FieldColumn& f : fields::quantities())
-        set(f.column, leadingNumber(textOf(form, f.field)).toDouble());
+        set(f.column, leadingNumber(textOf(form, f.field)).toString());
     set(C::F00057, form.control<QCheckBox>(u"chkTaxType"_s)->isChecked() ? 1 : 2);
-    set(C::F00059, nonNull(taxationCodeOfEntry(form.control<QComboBox>(u"cobTaxation"_s)->currentText())));
+    set(C::F00059, taxationCodeOfEntry(form.control<QComboBox>(u"cobTaxation"_s)->currentText()));
     // A yen price lives in F00013 and a foreign one in F00282; the other of the two is 0.
     const bool yen = frmdata::pricedInYen(form);
     const QString price = priceOf(textOf(form, u"txtUnitPrice"));
-    set(C::F00281, yen ? u""_s : nonNull(trimBlanks(form.control<QComboBox>(u"cobCurrency"_s)->currentText())));
+    set(C::F00281, yen ? QString() : trimBlanks(form.control<QComboBox>(u"cobCurrency"_s)->currentText()));
     set(C::F00013, yen ? price : u"0"_s);
     set(C::F00282, yen ? u"0"_s : price);
     row.setNull(C::DateDeliveryPrint);

@@ -178,6 +178,7 @@ TEST_F(FormModesTest, ToolbarButtonsByPositionAndKey)
         EXPECT_EQ(button->popupMode() == QToolButton::MenuButtonPopup, key == u"一覧選択");
     }
     EXPECT_EQ(form->toolbar2()->keyAt(1), u"新規保存"_s);
+    clearFlags(); // as after a record is shown: nothing to ask before moving
     QSignalSpy next(form.get(), &frmData::nextRecordRequested);
     QSignalSpy previous(form.get(), &frmData::previousRecordRequested);
     QTest::mouseClick(bar->button(u"進む"_s), Qt::LeftButton);
@@ -204,6 +205,7 @@ TEST_F(FormModesTest, RecordListKeepsInsertionOrderAndReportsOneBasedIndices)
     EXPECT_EQ(list->textAt(2), u"K-011"_s);
 
     // Chosen in the open list: by the keyboard (keys go where the window system sends them), then by a click.
+    clearFlags();
     QSignalSpy chosen(form.get(), &frmData::recordChosen);
     const auto open = [&] {
         list->popup(form->mapToGlobal(QPoint(0, 0)));
