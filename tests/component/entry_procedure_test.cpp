@@ -31,26 +31,6 @@ using C = tolvinpt::DeliveryColumn;
 
 namespace {
 
-// A second connection to the same file holding an exclusive lock: nobody else reads until it goes.
-class ExclusiveLock
-{
-public:
-    explicit ExclusiveLock(const QString& file)
-    {
-        QSqlDatabase connection = QSqlDatabase::addDatabase(u"QSQLITE"_s, Name);
-        connection.setDatabaseName(file);
-        EXPECT_TRUE(connection.open() && QSqlQuery(connection).exec(u"BEGIN EXCLUSIVE"_s));
-    }
-    ~ExclusiveLock()
-    {
-        QSqlDatabase::database(Name).close();
-        QSqlDatabase::removeDatabase(Name);
-    }
-
-private:
-    inline static const QString Name = u"locker"_s;
-};
-
 class EntryCall : public testing::Test
 {
 protected:
@@ -197,7 +177,7 @@ TEST_F(EntryCall, ALockedDatabaseKeepsTheFormOnItsRecordAndSaysSo)
     Items items{ids[0], ids[1]};
     whileShown([&](frmData& form) {
         {
-            const ExclusiveLock lock(temp.filePath());
+            const test::SecondConnection lock(temp, {u"BEGIN EXCLUSIVE"_s});
             form.toolbar1()->button(u"進む"_s)->click();
         }
         expectMovementMessage(u"database is locked (5)"_s);
@@ -217,7 +197,7 @@ TEST_F(EntryCall, FaultyHostsFailTheCallAndTheNextCallWorks)
     host.multipleOwnCodes = true; // the own code is chosen from the list and named by NameOf
     host.ownCode = u"*"_s;
     host.ownCodes = {{u"東京工場"_s, u"0101"_s}, {u"大阪工場"_s, u"0202"_s}};
-    std::optional<ExclusiveLock> lock;
+    std::optional<test::SecondConnection> lock;
     const auto next = [](frmData& f) { f.toolbar1()->button(u"進む"_s)->click(); };
     const auto pickOwnCode = [](frmData& f) { QTest::keyClick(f.control(u"cobMyCodes"_s), Qt::Key_Down); };
     // The faults are armed before the fmInput is created, or, with an `act`, on the open form just
@@ -243,7 +223,7 @@ TEST_F(EntryCall, FaultyHostsFailTheCallAndTheNextCallWorks)
         {"the customer lookup of the first record throws", {{u"ByKey"_s, Fault::Throws}}, {}, {}, false, 440, u"fake host: ByKey failed"_s},
         {"the view-only setting throws on moving", {{u"ViewOnly"_s, Fault::Throws}}, {}, next, false, 440, u"fake host: ViewOnly failed"_s},
         {"the own-code name throws no std::exception", {{u"NameOf"_s, Fault::ThrowsForeign}}, {}, pickOwnCode, true, 440, u"Automation error"_s},
-        {"the database is locked", {}, [&] { lock.emplace(temp.filePath()); }, {}, false, 5, u"database is locked"_s},
+        {"the database is locked", {}, [&] { lock.emplace(temp, std::initializer_list<QString>{u"BEGIN EXCLUSIVE"_s}); }, {}, false, 5, u"database is locked"_s},
     };
     // clang-format on
     for (const Case& c : cases) {

@@ -139,3 +139,241 @@ TEST_F(Save, DuplicateDeliveryKeyOfAnotherLiveRecordIsRefused)
 }
 
 } // namespace
+
+namespace {
+
+// The stored value of each column as text; "NULL" for Null.
+QString stored(const DeliveryRecord& record, DeliveryColumn column)
+{
+    return record.isNull(column) ? u"NULL"_s : record.value(column).toString();
+}
+
+TEST_F(Save, ANewRecordTypedByHandIsStoredColumnByColumn)
+{
+    openNewRecord();
+    // clang-format off
+    const Edits typed = {
+        {u"txtOrderNo"_s, u"PO-77"_s}, {u"txtPaymentKeyNo"_s, u"PO-77-1"_s}, {u"txtTantoA"_s, u"TA"_s},
+        {u"txtTantoK"_s, u"担当"_s}, {u"txtPlaceC"_s, u"PC1"_s}, {u"txtPlaceA"_s, u"DOCK 3"_s},
+        {u"txtPlaceK"_s, u"倉庫"_s}, {u"txtHCode"_s, u"HC-9"_s}, {u"txtMyHCode"_s, u"MHC-9"_s},
+        {u"txtHinmeiA"_s, u"BOLT"_s}, {u"txtHinmeiK"_s, u"品目"_s}, {u"txtDate(0)"_s, u"050301"_s},
+        {u"txtDate(1)"_s, u"20050307"_s}, {u"txtDate(2)"_s, u"20050309"_s}, {u"txtAmountOrder"_s, u"12.5"_s},
+        {u"txtAmountIndicate"_s, u"3"_s}, {u"txtAmountDelivery"_s, u"12.5"_s}, {u"txtUnit"_s, u"pcs"_s},
+        {u"txtUnitPrice"_s, u"1234.5"_s}, {u"txtKensa"_s, u"K1"_s}, {u"txtMyRemarksA"_s, u"MY"_s},
+        {u"txtMyRemarksK"_s, u"備考"_s}, {u"txtMyBar"_s, u"MB"_s}, {u"txtCustomRemarksA"_s, u"CR"_s},
+        {u"txtCustomRemarksK"_s, u"注記"_s}, {u"txtCustomBar"_s, u"CB"_s},
+    };
+    // clang-format on
+    for (const auto& [field, value] : typed)
+        fill(field, value);
+    click(control(u"chkTaxType"_s));
+    combo(u"cobTaxation"_s)->setCurrentIndex(2);
+    ASSERT_TRUE(messages.shown.isEmpty());
+    QTest::keyClick(form.get(), Qt::Key_N, Qt::ControlModifier);
+
+    ASSERT_EQ(link->saved.size(), 1);
+    EXPECT_EQ(link->saved[0].mid(1), (QStringList{u"PO-77-1"_s, u"new"_s}));
+    EXPECT_EQ(link->left, 1) << "a successful new save leaves new-record mode";
+    const auto record = row(link->saved[0][0].toLongLong());
+    ASSERT_TRUE(record);
+    // clang-format off
+    const std::pair<DeliveryColumn, QString> expected[] = {
+        {C::IDCustomer, u"1"_s}, {C::F00004, u"1234"_s}, {C::F00005, u"0001"_s}, {C::F00007, u"PO-77"_s},
+        {C::F00159, u"PO-77-1"_s}, {C::F00018, u"TA"_s}, {C::F00260, u"担当"_s}, {C::F00028, u"PC1"_s},
+        {C::F00160, u"DOCK 3"_s}, {C::F00274, u"倉庫"_s}, {C::F00024, u"HC-9"_s}, {C::F00023, u"MHC-9"_s},
+        {C::F00022, u"BOLT"_s}, {C::F00262, u"品目"_s}, {C::F00031, u"2005-03-01"_s}, {C::F00039, u"2005-03-07"_s},
+        {C::F00040, u"2005-03-09"_s}, {C::F00015, u"12.5"_s}, {C::F00032, u"3"_s}, {C::F00036, u"12.5"_s},
+        {C::F00012, u"PCS"_s}, {C::F00013, u"1234.5"_s}, {C::F00029, u"K1"_s}, {C::F00057, u"1"_s},
+        {C::F00162, u"CR"_s}, {C::F00275, u"注記"_s}, {C::F00276, u"備考"_s}, {C::F00164, u"MY"_s},
+        {C::F00161, u"CB"_s}, {C::F00163, u"MB"_s}, {C::F00059, u"3"_s}, {C::F00281, u""_s}, {C::F00282, u"0"_s},
+        {C::DateDeliveryPrint, u"NULL"_s}, {C::DateLabelPrint, u"NULL"_s}, {C::QuantityType, u"1"_s},
+        {C::Quantity, u"12.5"_s}, {C::InDustBox, u"0"_s},
+    };
+    // clang-format on
+    for (const auto& [column, value] : expected)
+        EXPECT_EQ(stored(*record, column), value) << columnName(column).toStdString();
+}
+
+TEST_F(Save, CurrencyPriceAndTaxAreStoredByTheirRules)
+{
+    struct Case
+    {
+        const char* what;
+        QString currency, price;
+        bool taxIncluded;
+        QString f00281, f00013, f00282, f00057;
+    };
+    const Case cases[] = {
+        {"yen with blanks around the code", u" JPY "_s, u"1,234.5"_s, false, u""_s, u"1234.5"_s, u"0"_s, u"2"_s},
+        {"a foreign price keeps five decimals", u"USD"_s, u"1234.56789"_s, true, u"USD"_s, u"0"_s, u"1234.56789"_s, u"1"_s},
+        {"an unlisted code", u"XYZ"_s, u"7"_s, false, u"XYZ"_s, u"0"_s, u"7"_s, u"2"_s},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        exec(u"DELETE FROM T_Delivery"_s);
+        const qint64 id = insert({{C::F00057, 1}});
+        open(id);
+        combo(u"cobCurrency"_s)->lineEdit()->setText(c.currency);
+        set(u"txtUnitPrice"_s, c.price);
+        form->control<QAbstractButton>(u"chkTaxType"_s)->setChecked(c.taxIncluded);
+        run(u"mnuDataSave"_s);
+        EXPECT_TRUE(messages.shown.isEmpty());
+        const auto record = row(id);
+        EXPECT_EQ((QStringList{stored(*record, C::F00281), stored(*record, C::F00013), stored(*record, C::F00282),
+                               stored(*record, C::F00057)}),
+                  (QStringList{c.f00281, c.f00013, c.f00282, c.f00057}));
+        EXPECT_EQ(record->integer(C::QuantityType), 1) << "the record's save writes its package mode too";
+    }
+}
+
+TEST_F(Save, PackageRowsAreRewrittenAndEachSaveClearsItsPrintDate)
+{
+    const QString printed = u"2005-03-10 09:00:00"_s;
+    const Columns packed = {{C::QuantityType, 3}, {C::F00036, 6.0}, {C::DateDeliveryPrint, printed},
+                            {C::DateLabelPrint, printed}};
+    struct Case
+    {
+        const char* what;
+        std::function<void()> change;
+        QString quantityType, quantity, deliveryPrint;
+        QList<QVariant> rows;
+    };
+    const Case cases[] = {
+        {"equal packages: the rows go, the label date is cleared",
+         [&] {
+             click(control(u"optQuantity(2)"_s));
+             set(u"txtQuantity"_s, u"2.5"_s);
+         },
+         u"2"_s, u"2.5"_s, printed, {}},
+        {"individual packages up to the first zero",
+         [&] {
+             click(control(u"optQuantity(1)"_s));
+             click(control(u"optQuantity(3)"_s));
+             gPackageQty[1] = Currency::fromInteger(4);
+             gPackageQty[3] = Currency::fromInteger(9); // after a zero: not stored
+         },
+         u"3"_s, u"0"_s, printed, {u"6"_s, u"4"_s}},
+        // The delivery quantity that the display filled in counts as typed until its field is entered:
+        // the save's check of it puts the packages back to one.
+        {"a changed record clears both dates", [&] { set(u"txtMyRemarksA"_s, u"M"_s); }, u"1"_s, u"6"_s, u"NULL"_s, {}},
+        {"as it does after the delivery quantity was entered",
+         [&] {
+             enter(u"txtAmountDelivery"_s);
+             set(u"txtMyRemarksA"_s, u"M"_s);
+         },
+         u"3"_s, u"0"_s, u"NULL"_s, {u"1"_s, u"2"_s, u"3"_s}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        exec(u"DELETE FROM T_Delivery"_s);
+        const qint64 id = insert(packed);
+        insertPackageRows(temp.db(), id, {u"1"_s, u"2"_s, u"3"_s});
+        open(id);
+        c.change();
+        run(u"mnuDataSave"_s);
+        const auto record = row(id);
+        EXPECT_EQ((QStringList{stored(*record, C::QuantityType), record->currency(C::Quantity)->toString(),
+                               stored(*record, C::DateDeliveryPrint), stored(*record, C::DateLabelPrint)}),
+                  (QStringList{c.quantityType, c.quantity, c.deliveryPrint, u"NULL"_s}));
+        QList<QVariant> rows;
+        for (const auto& quantity : readPackageRows(temp.db(), id).quantities)
+            rows.append(quantity->toString());
+        EXPECT_EQ(rows, c.rows);
+    }
+}
+
+// Every value the operator sees on the form, to compare before and after a save that failed.
+QStringList everyValue(const frmData& form)
+{
+    QStringList values;
+    for (QLineEdit* edit : form.findChildren<QLineEdit*>())
+        values << edit->objectName() + u'=' + edit->text();
+    for (QAbstractButton* button : form.findChildren<QAbstractButton*>())
+        values << button->objectName() + u'=' + (button->isChecked() ? u'1' : u'0');
+    return values;
+}
+
+TEST_F(Save, ADatabaseFaultIsShownAndTheFormKeepsEverythingForTheNextTry)
+{
+    struct Fault
+    {
+        const char* what;
+        std::function<std::unique_ptr<test::SecondConnection>()> arm;
+        QString message;
+    };
+    const Fault faults[] = {
+        {"a trigger that refuses",
+         [&] {
+             return std::make_unique<test::SecondConnection>(
+                 temp, std::initializer_list<QString>{u"CREATE TRIGGER refuse BEFORE UPDATE ON T_Delivery "
+                                                      u"BEGIN SELECT RAISE(ABORT, 'no writes today'); END"_s});
+         },
+         u"no writes today (1811)"_s},
+        {"another connection holding the write lock",
+         [&] { return std::make_unique<test::SecondConnection>(temp, std::initializer_list<QString>{u"BEGIN IMMEDIATE"_s}); },
+         u"database is locked (5)"_s},
+    };
+    for (const Fault& fault : faults) {
+        SCOPED_TRACE(fault.what);
+        exec(u"DELETE FROM T_Delivery"_s);
+        const qint64 id = insert();
+        open(id);
+        set(u"txtMyRemarksA"_s, u"TYPED"_s);
+        click(control(u"optQuantity(2)"_s));
+        set(u"txtQuantity"_s, u"2.5"_s);
+        const QStringList typed = everyValue(*form);
+        auto other = fault.arm();
+        run(u"mnuDataSave"_s);
+        messages.expectShown({test::okMessage(fault.message, u"ﾃﾞｰﾀの保存")});
+        EXPECT_EQ(everyValue(*form), typed);
+        EXPECT_TRUE(form->bChanged && form->bChangedQTY);
+        EXPECT_EQ(stored(*row(id), C::F00164), u"NULL"_s);
+
+        other->exec(u"DROP TRIGGER IF EXISTS refuse"_s);
+        other.reset();
+        run(u"mnuDataSave"_s);
+        EXPECT_TRUE(messages.shown.isEmpty());
+        EXPECT_EQ(stored(*row(id), C::F00164), u"TYPED"_s);
+        EXPECT_EQ(row(id)->integer(C::QuantityType), 2);
+    }
+}
+
+TEST_F(Save, ARecordChangedOrDeletedByAnotherOperatorIsNotOverwritten)
+{
+    const qint64 id = insert();
+    open(id);
+    set(u"txtMyRemarksA"_s, u"MINE"_s);
+    test::SecondConnection other(temp, {u"UPDATE T_Delivery SET F00164 = 'THEIRS' WHERE IDData = "_s + QString::number(id)});
+    const Message changed = question(u"このﾃﾞｰﾀは、表示した後に他の担当者が変更しました\r\n\r\n入力した内容は保存されていません\r\n\r\n"
+                                     u"他の担当者が保存した内容を表示しますか\r\n(「いいえ」: 入力した内容をそのまま残します)",
+                                     u"ﾃﾞｰﾀの保存");
+    run(u"mnuDataSave"_s); // No, by default: the typed values stay
+    messages.expectShown({changed});
+    EXPECT_EQ(shown(u"txtMyRemarksA"_s), u"MINE"_s);
+    EXPECT_TRUE(form->bChanged);
+    EXPECT_EQ(stored(*row(id), C::F00164), u"THEIRS"_s);
+
+    messages.answers = {QMessageBox::Yes};
+    run(u"mnuDataSave"_s);
+    messages.expectShown({changed});
+    EXPECT_EQ(shown(u"txtMyRemarksA"_s), u"THEIRS"_s);
+    EXPECT_FALSE(form->bChanged);
+
+    // From the reloaded record on, a save goes through, and so does the next one.
+    for (const QString& value : {u"MINE"_s, u"MINE AGAIN"_s}) {
+        set(u"txtMyRemarksA"_s, value);
+        run(u"mnuDataSave"_s);
+        EXPECT_TRUE(messages.shown.isEmpty());
+        EXPECT_EQ(stored(*row(id), C::F00164), value);
+    }
+
+    set(u"txtMyRemarksA"_s, u"LOST?"_s);
+    other.exec(u"DELETE FROM T_Delivery WHERE IDData = "_s + QString::number(id));
+    run(u"mnuDataSave"_s);
+    messages.expectShown({test::okMessage(u"このﾃﾞｰﾀは、表示した後に他の担当者が削除しました\r\n\r\n入力した内容は保存されていません",
+                                          u"ﾃﾞｰﾀの保存")});
+    EXPECT_EQ(shown(u"txtMyRemarksA"_s), u"LOST?"_s);
+    EXPECT_FALSE(row(id));
+}
+
+} // namespace

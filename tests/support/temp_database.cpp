@@ -3,6 +3,7 @@
 #include "store/schema.h"
 
 #include <QSqlError>
+#include <QSqlQuery>
 
 #include <atomic>
 #include <stdexcept>
@@ -62,6 +63,28 @@ void TempDatabase::reopen()
     if (!connection.open())
         throw std::runtime_error(connection.lastError().text().toStdString());
     m_database = std::make_unique<db::Database>(connection, m_path);
+}
+
+SecondConnection::SecondConnection(const TempDatabase& database, std::initializer_list<QString> statements)
+    : m_name(uniqueConnectionName())
+{
+    QSqlDatabase connection = QSqlDatabase::addDatabase(u"QSQLITE"_s, m_name);
+    connection.setDatabaseName(database.filePath());
+    EXPECT_TRUE(connection.open());
+    for (const QString& sql : statements)
+        exec(sql);
+}
+
+SecondConnection::~SecondConnection()
+{
+    QSqlDatabase::database(m_name, false).close();
+    QSqlDatabase::removeDatabase(m_name);
+}
+
+void SecondConnection::exec(const QString& sql)
+{
+    QSqlQuery query(QSqlDatabase::database(m_name, false));
+    EXPECT_TRUE(query.exec(sql)) << sql.toStdString() << ": " << query.lastError().text().toStdString();
 }
 
 std::string statementPathName(const testing::TestParamInfo<db::Database::StatementPath>& param)

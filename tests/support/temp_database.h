@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <memory>
 
 namespace tolvinpt::test {
@@ -43,6 +44,24 @@ private:
     QString m_name;
     db::Database::StatementPath m_path;
     std::unique_ptr<db::Database> m_database;
+};
+
+// Another operator's connection to the same file, for changes and locks made behind the component's back.
+// Each statement must succeed.
+class SecondConnection
+{
+public:
+    // Runs `statements` in turn once the connection is open (e.g. "BEGIN EXCLUSIVE" to hold a lock
+    // until the object goes).
+    explicit SecondConnection(const TempDatabase& database, std::initializer_list<QString> statements = {});
+    SecondConnection(const SecondConnection&) = delete;
+    SecondConnection& operator=(const SecondConnection&) = delete;
+    ~SecondConnection();
+
+    void exec(const QString& sql);
+
+private:
+    QString m_name;
 };
 
 // For tests that run on both statement paths:
