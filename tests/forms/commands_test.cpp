@@ -1,0 +1,289 @@
+// The form's commands: the question before a changed record is left, closing, the order fields'
+// toggle, leaving new-record mode, each command's error rule and the order-number search.
+#include "entry_fixture.h"
+
+#include "forms/frmData/record_list_menu.h"
+#include "forms/keyed_toolbar.h"
+#include "platform/field_state.h"
+
+#include <QCheckBox>
+#include <QSignalSpy>
+#include <QTimer>
+#include <QToolButton>
+
+using namespace tolvinpt;
+using namespace Qt::StringLiterals;
+using C = tolvinpt::DeliveryColumn;
+
+namespace {
+
+using test::Columns;
+
+class Commands : public test::EntryFormTest
+{
+protected:
+    QString storedRemark(qint64 id) { return row(id)->text(C::F00164).value_or(u"NULL"_s); }
+};
+
+const Message Leave = {u"内容が変更されています\r\n\r\n変更内容を保存しますか"_s, u"変更保存..."_s, QMessageBox::Question,
+                       QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes};
+
+TEST_F(Commands, LeavingAChangedRecordAsksAndFollowsTheAnswer)
+{
+    struct Command
+    {
+        const char* what;
+        std::function<void(frmData&)> run;
+        // Whether the command went on to leave the record, given the movements asked for.
+        std::function<bool(frmData&, int)> left;
+    };
+    const auto moved = [](frmData&, int moves) { return moves == 1; };
+    const auto closed = [](frmData& f, int) { return !f.isVisible(); };
+    const Command commands[] = {
+        {"新規作成", [](frmData& f) { f.menuItem(u"mnuDataNew"_s)->trigger(); },
+         [](frmData& f, int) { return f.control<QCheckBox>(u"chkNew"_s)->isChecked(); }},
+        {"前へ", [](frmData& f) { f.menuItem(u"mnuDataPrevious"_s)->trigger(); }, moved},
+        {"進む", [](frmData& f) { f.toolbar1()->button(u"進む"_s)->click(); }, moved},
+        {"the record list", [](frmData& f) { emit f.recordList()->entryChosen(2); }, moved},
+        {"閉じる", [](frmData& f) { f.menuItem(u"mnuDataExit"_s)->trigger(); }, closed},
+        {"the close box", [](frmData& f) { f.close(); }, closed},
+    };
+    const qint64 id = insert();
+    for (const Command& command : commands) {
+        for (const auto answer : {QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel}) {
+            SCOPED_TRACE(std::string(command.what) + " " + std::to_string(answer));
+            exec(u"UPDATE T_Delivery SET F00164 = NULL"_s);
+            for (const bool changed : {false, true}) {
+                open(id);
+                int moves = 0;
+                for (auto signal : {&frmData::nextRecordRequested, &frmData::previousRecordRequested})
+                    QObject::connect(form.get(), signal, [&] { ++moves; });
+                QObject::connect(form.get(), &frmData::recordChosen, [&] { ++moves; });
+                if (changed) {
+                    set(u"txtMyRemarksA"_s, u"TYPED"_s);
+                    messages.answers = {answer};
+                }
+                command.run(*form);
+                if (!changed) { // nothing pending: nothing asked
+                    EXPECT_TRUE(messages.shown.isEmpty());
+                    EXPECT_TRUE(command.left(*form, moves));
+                    continue;
+                }
+                messages.expectShown({Leave});
+                EXPECT_EQ(command.left(*form, moves), answer != QMessageBox::Cancel);
+                EXPECT_EQ(storedRemark(id), answer == QMessageBox::Yes ? u"TYPED"_s : u"NULL"_s);
+                if (answer == QMessageBox::Cancel) {
+                    EXPECT_EQ(shown(u"txtMyRemarksA"_s), u"TYPED"_s);
+                }
+            }
+        }
+    }
+}
+
+TEST_F(Commands, ASaveThatIsRefusedKeepsTheOperatorOnTheRecord)
+{
+    const qint64 id = insert();
+    open(id);
+    set(u"txtHCode"_s, u""_s);
+    QSignalSpy next(form.get(), &frmData::nextRecordRequested);
+    messages.answers = {QMessageBox::Yes};
+    run(u"mnuDataNext"_s);
+    EXPECT_EQ(messages.shown.size(), 2); // the question, then the refusal
+    EXPECT_EQ(next.size(), 0);
+    EXPECT_EQ(focusedField(), control(u"txtHCode"_s));
+}
+
+TEST_F(Commands, CloseWithoutSavingNeverAsksAndDropsTheChanges)
+{
+    const qint64 id = insert();
+    open(id);
+    set(u"txtMyRemarksA"_s, u"TYPED"_s);
+    run(u"mnuExitCancel"_s);
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_TRUE(messages.shown.isEmpty());
+    EXPECT_EQ(storedRemark(id), u"NULL"_s);
+}
+
+TEST_F(Commands, SaveWithoutChangesDoesNothingNotEvenValidation)
+{
+    open(insert());
+    enter(u"txtTantoK"_s);
+    text(u"txtTantoK"_s)->setText(u"ABC"_s); // half-width in a full-width field: refused when checked
+    clearFlags();
+    QTest::keyClick(form.get(), Qt::Key_S, Qt::ControlModifier);
+    EXPECT_TRUE(messages.shown.isEmpty());
+    EXPECT_TRUE(link->saved.isEmpty());
+}
+
+TEST_F(Commands, DetailChangeTogglesTheOrderFields)
+{
+    open(insert());
+    for (const bool locked : {false, true}) {
+        run(u"mnuDataDetail"_s);
+        for (const char16_t* field : {u"txtOrderNo", u"txtPaymentKeyNo", u"cobCustomer", u"txtDate(0)"})
+            EXPECT_EQ(isLocked(control(QString::fromUtf16(field))), locked) << QString::fromUtf16(field).toStdString();
+    }
+}
+
+TEST_F(Commands, LeavingNewRecordModeDropsTheRecordWithoutAsking)
+{
+    open(insert());
+    run(u"mnuDataNew"_s);
+    set(u"txtOrderNo"_s, u"DROPPED"_s);
+    QTest::keyClick(form.get(), Qt::Key_E, Qt::ControlModifier);
+    EXPECT_TRUE(messages.shown.isEmpty());
+    EXPECT_EQ(link->left, 1);
+    EXPECT_FALSE(form->control<QCheckBox>(u"chkNew"_s)->isChecked());
+    EXPECT_TRUE(form->toolbar1()->isVisibleTo(form.get()));
+    EXPECT_FALSE(control(u"cmdFind"_s)->isEnabled());
+    EXPECT_TRUE(isLocked(control(u"txtOrderNo"_s)));
+    EXPECT_FALSE(form->bChanged || form->bChangedQTY);
+}
+
+TEST_F(Commands, RunTimeErrorsAreReportedOrTrappedAsEachCommandSays)
+{
+    const Message locked = test::okMessage(u"database is locked (5)", u"納品ﾃﾞｰﾀの入力");
+    struct Case
+    {
+        const char* what;
+        bool newRecord;
+        std::function<void(frmData&)> run;
+        bool reported;
+    };
+    const Case cases[] = {
+        {"the change save traps quietly", false, [](frmData& f) { f.menuItem(u"mnuDataSave"_s)->trigger(); }, false},
+        {"the question before leaving treats it as stay", false,
+         [](frmData& f) { f.menuItem(u"mnuDataNext"_s)->trigger(); }, false},
+        {"the new-record save from its menu reports it", true,
+         [](frmData& f) { f.menuItem(u"mnuNewDataSave"_s)->trigger(); }, true},
+        {"the toolbar goes on without a word", true, [](frmData& f) { f.toolbar2()->button(u"新規保存"_s)->click(); },
+         false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        open(insert());
+        if (c.newRecord) {
+            run(u"mnuDataNew"_s);
+            set(u"txtOrderNo"_s, u"PO-9"_s);
+            set(u"txtPaymentKeyNo"_s, u"PO-9"_s);
+            set(u"txtHCode"_s, u"HC"_s);
+            set(u"txtAmountDelivery"_s, u"5"_s);
+        }
+        set(u"txtMyRemarksA"_s, u"TYPED"_s);
+        messages.answers = {QMessageBox::Yes, QMessageBox::Ok, QMessageBox::Yes}; // leave, zero order, go on
+        QSignalSpy next(form.get(), &frmData::nextRecordRequested);
+        {
+            // The duplicate check before the save cannot read.
+            const test::SecondConnection other(temp, {u"BEGIN EXCLUSIVE"_s});
+            c.run(*form);
+        }
+        QList<Message> seen = messages.shown;
+        messages.shown.clear();
+        seen.removeIf([](const Message& m) { return m.icon == QMessageBox::Question || m.title.contains(u"注文数量"); });
+        EXPECT_EQ(seen.size(), c.reported ? 1 : 0);
+        if (c.reported) {
+            EXPECT_EQ(seen[0].text, locked.text);
+            EXPECT_EQ(seen[0].title, locked.title);
+        }
+        EXPECT_TRUE(form->isVisible());
+        EXPECT_EQ(next.size(), 0);
+        EXPECT_EQ(shown(u"txtMyRemarksA"_s), u"TYPED"_s);
+        EXPECT_TRUE(link->saved.isEmpty());
+    }
+}
+
+TEST_F(Commands, TheRecordListOpensFromTheKeyboard)
+{
+    open(insert());
+    RecordListMenu* list = form->recordList();
+    list->addEntry(u"1Key"_s, u"KEY-1"_s);
+    list->addEntry(u"2Key"_s, u"KEY-2"_s);
+    form->toolbar1()->setButtonEnabled(u"一覧選択"_s, true);
+    QSignalSpy chosen(form.get(), &frmData::recordChosen);
+    QTimer::singleShot(0, [&] {
+        EXPECT_TRUE(list->isVisible());
+        for (const auto key : {Qt::Key_Down, Qt::Key_Return})
+            QTest::keyClick(list->windowHandle(), key);
+    });
+    QTest::keyClick(form.get(), Qt::Key_L, Qt::ControlModifier);
+    EXPECT_EQ(chosen, (QList<QVariantList>{{2}}));
+}
+
+TEST_F(Commands, OrderSearchPrefillsANewDeliveryOfTheOrder)
+{
+    // clang-format off
+    const struct { QString order, key; Columns more; } stored[] = {
+        {u"A-100"_s, u"K2"_s, {{C::F00022, u"BOLT"_s}, {C::F00028, u"PC"_s}, {C::F00031, QVariant()}}},
+        {u"A-200"_s, u"K1"_s, {}},
+        {u"B%1"_s, u"K3"_s, {}},
+        {u"Q\"1"_s, u"K4"_s, {}},
+        {u"W-1"_s, u"K5"_s, {{C::InDustBox, true}}},
+        {u"X-1"_s, u"K6"_s, {{C::IDCustomer, 2}}},
+    };
+    // clang-format on
+    for (const auto& s : stored) {
+        Columns columns = {{C::F00007, s.order}, {C::F00159, s.key}, {C::F00013, u"250"_s}};
+        columns.insert(columns.end(), s.more.begin(), s.more.end());
+        insert(columns);
+    }
+    struct Case
+    {
+        QString typed;
+        QString found; // the order number copied, empty when nothing is found
+    };
+    const Case cases[] = {
+        {u"A-100   "_s, u"A-100"_s}, {u"a-100"_s, u"A-100"_s}, {u" A-100"_s, {}},  {u"A*"_s, u"A-200"_s},
+        {u"B%"_s, {}},               {u"B_1"_s, {}},           {u"B%1"_s, u"B%1"_s}, {u"Q\"1"_s, u"Q\"1"_s},
+        {u"W-1"_s, u"W-1"_s},        {u"X-1"_s, {}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.typed.toStdString());
+        openNewRecord();
+        set(u"txtHinmeiA"_s, u"KEPT"_s);
+        set(u"txtPlaceC"_s, u"KEPT"_s);
+        set(u"txtOrderNo"_s, c.typed);
+        const int beeps = messages.beeps;
+        click(control(u"cmdFind"_s));
+        if (c.found.isEmpty()) {
+            expectOneMessage(u"同一の注文番号はありません", u"注文番号 検索...", QMessageBox::Information);
+            EXPECT_EQ(messages.beeps, beeps + 1);
+            EXPECT_EQ(focusedField(), control(u"txtOrderNo"_s));
+            continue;
+        }
+        EXPECT_TRUE(messages.shown.isEmpty());
+        EXPECT_EQ(shown(u"txtOrderNo"_s), c.found);
+        EXPECT_EQ(shown(u"txtPaymentKeyNo"_s), c.found) << "a new delivery starts with the order number as its key";
+        EXPECT_EQ(shown(u"txtUnitPrice"_s), u"250"_s);
+        EXPECT_EQ(shown(u"txtPlaceC"_s), u"KEPT"_s) << "not copied";
+        EXPECT_EQ(shown(u"txtHinmeiA"_s), c.found == u"A-100" ? u"BOLT"_s : u"KEPT"_s) << "a Null column leaves it";
+        if (c.found == u"A-100") {
+            EXPECT_EQ(shown(u"txtDate(0)"_s), QDate::currentDate().toString(u"yyyyMMdd"_s));
+        }
+        EXPECT_EQ(focusedField(), control(u"txtPaymentKeyNo"_s));
+        EXPECT_TRUE(form->bChanged);
+    }
+
+    // The prefilled delivery key number is the order's: a live delivery of the order that carries it
+    // already refuses the save, until the key is changed.
+    insert({{C::F00007, u"A-200"_s}, {C::F00159, u"A-200"_s}});
+    openNewRecord();
+    set(u"txtOrderNo"_s, u"A-200"_s);
+    click(control(u"cmdFind"_s));
+    set(u"txtAmountDelivery"_s, u"3"_s);
+    set(u"txtDate(1)"_s, u"20050310"_s); // the ship date is not copied
+    QTest::keyClick(form.get(), Qt::Key_N, Qt::ControlModifier);
+    expectOneMessage(u"同一の納品ｷｰ番号が存在します", u"重複ﾁｪｯｸ");
+    set(u"txtPaymentKeyNo"_s, u"A-200-2"_s);
+    QTest::keyClick(form.get(), Qt::Key_N, Qt::ControlModifier);
+    ASSERT_EQ(link->saved.size(), 1);
+    const auto record = row(link->saved[0][0].toLongLong());
+    EXPECT_EQ(record->text(C::F00007), u"A-200"_s);
+    EXPECT_EQ(record->number(C::F00036), 3.0);
+
+    // Outside new-record mode the search does nothing at all.
+    open(insert());
+    form->cmdFind_Click();
+    EXPECT_TRUE(messages.shown.isEmpty());
+}
+
+} // namespace
