@@ -1,0 +1,153 @@
+// Saving inside an entry call: the typical correction, a new record joining the host's list, NewData
+// ending by save or cancel, and what the call does with a customer the host does not know.
+#include "entry_call_fixture.h"
+
+#include "store/delivery_reads.h"
+
+#include <QCheckBox>
+
+namespace {
+
+class SaveFlow : public EntryCall
+{
+protected:
+    void SetUp() override
+    {
+        EntryCall::SetUp();
+        temp.db().execute(u"UPDATE T_Delivery SET F00007 = 'ORD', F00024 = 'HC', F00015 = 5, F00036 = 5, "
+                          u"F00031 = '2005-03-01', F00039 = '2005-03-07', F00040 = '2005-03-09', F00059 = '1', "
+                          u"F00281 = '', F00013 = '100', DateDeliveryPrint = '2005-03-08 10:00:00'"_s);
+    }
+    QString stored(qint64 id, DeliveryColumn column)
+    {
+        return readDeliveryRecord(temp.db(), id)->value(column).toString();
+    }
+    static void type(QWidget* field, const QString& text)
+    {
+        field->setFocus();
+        QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(field, text);
+    }
+    // A new record that passes every check, typed into the form in new-record mode.
+    static void fillNewRecord(frmData& form, const QString& key)
+    {
+        const std::pair<const char16_t*, QString> values[] = {
+            {u"txtOrderNo", u"PO-1"_s},     {u"txtPaymentKeyNo", key},         {u"txtHCode", u"HC"_s},
+            {u"txtAmountOrder", u"2"_s},    {u"txtAmountDelivery", u"2"_s},    {u"txtDate(0)", u"20050401"_s},
+            {u"txtDate(1)", u"20050402"_s},
+        };
+        for (const auto& [field, value] : values)
+            form.control<QLineEdit>(QString::fromUtf16(field))->setText(value);
+    }
+    qint64 lastId() { return temp.db().scalar(u"SELECT MAX(IDData) FROM T_Delivery"_s)->toLongLong(); }
+};
+
+TEST_F(SaveFlow, TheTypicalCorrectionIsSavedWhenTheOperatorMovesOn)
+{
+    Items items{ListKey(ids[0]), ListKey(ids[1]), ListKey(ids[2])};
+    whileShown([&](frmData& form) {
+        auto* ship = form.control<QLineEdit>(u"txtDate(1)"_s);
+        type(ship, u"050310"_s);
+        QTest::keyClick(ship, Qt::Key_Tab);
+        messages.expectShown({test::okMessage(u"出荷日と納入日の日付が矛盾しているため自動修正します", u"日付入力ﾁｪｯｸ")});
+        EXPECT_EQ(form.control<QLineEdit>(u"txtDate(2)"_s)->text(), u"20050310"_s);
+
+        form.toolbar1()->button(u"進む"_s)->click(); // asks; Yes saves and moves on
+        ASSERT_EQ(messages.shown.size(), 1);
+        EXPECT_EQ(messages.shown[0].text, u"内容が変更されています\r\n\r\n変更内容を保存しますか"_s);
+        messages.shown.clear();
+        EXPECT_EQ(shownKey(form), u"K-2"_s);
+        EXPECT_EQ(gIndex, 2);
+        EXPECT_FALSE(form.bChanged || form.bChangedQTY);
+
+        // A delivery key number changed through the detail change shows in the record list at once.
+        form.menuItem(u"mnuDataDetail"_s)->trigger();
+        form.control<QLineEdit>(u"txtPaymentKeyNo"_s)->setText(u"K-2b"_s);
+        QTest::keyClick(&form, Qt::Key_S, Qt::ControlModifier);
+        EXPECT_TRUE(messages.shown.isEmpty());
+        EXPECT_EQ(form.recordList()->textAt(2), u"K-2b"_s);
+    });
+    fmInput input;
+    input.InputData(items);
+    EXPECT_EQ(stored(ids[0], C::F00039), u"2005-03-10"_s);
+    EXPECT_EQ(stored(ids[0], C::F00040), u"2005-03-10"_s);
+    EXPECT_TRUE(readDeliveryRecord(temp.db(), ids[0])->isNull(C::DateDeliveryPrint));
+    EXPECT_EQ(stored(ids[1], C::F00159), u"K-2b"_s);
+    EXPECT_EQ(stored(ids[2], C::F00039), u"2005-03-07"_s);
+}
+
+TEST_F(SaveFlow, ARecordSavedInNewRecordModeJoinsTheListAndTheHostsItems)
+{
+    Items items{ListKey(ids[0])};
+    qint64 added = 0;
+    whileShown([&](frmData& form) {
+        form.menuItem(u"mnuDataNew"_s)->trigger();
+        fillNewRecord(form, u"NEW-1"_s);
+        QTest::keyClick(&form, Qt::Key_N, Qt::ControlModifier);
+        EXPECT_TRUE(messages.shown.isEmpty());
+        added = lastId();
+        EXPECT_EQ(form.recordList()->count(), 2);
+        EXPECT_EQ(form.recordList()->keyAt(2), QString::number(added) + u"Key"_s);
+        EXPECT_EQ(form.recordList()->textAt(2), u"NEW-1"_s);
+        EXPECT_EQ(buttons(form), u"011"_s);
+        EXPECT_EQ(shownKey(form), u"K-1"_s) << "back on the record the new one was started from";
+        EXPECT_FALSE(form.control<QCheckBox>(u"chkNew"_s)->isChecked());
+        form.toolbar1()->button(u"進む"_s)->click();
+        EXPECT_EQ(shownKey(form), u"NEW-1"_s);
+    });
+    fmInput input;
+    input.InputData(items);
+    ASSERT_EQ(items.Count(), 2);
+    EXPECT_EQ(items.Item(2).toString(), QString::number(added) + u"Key"_s);
+}
+
+TEST_F(SaveFlow, NewDataEndsWithASaveOrACancel)
+{
+    for (const bool save : {true, false}) {
+        SCOPED_TRACE(save ? "save" : "cancel");
+        const qint64 before = lastId();
+        whileShown([&](frmData& form) {
+            fillNewRecord(form, u"NEW-2"_s);
+            QTest::keyClick(&form, save ? Qt::Key_N : Qt::Key_E, Qt::ControlModifier);
+            EXPECT_FALSE(form.isVisible()) << "the command ended the call";
+        });
+        fmInput input;
+        EXPECT_FALSE(input.NewData());
+        EXPECT_TRUE(messages.shown.isEmpty());
+        EXPECT_EQ(lastId(), save ? before + 1 : before);
+    }
+    EXPECT_EQ(stored(lastId(), C::F00159), u"NEW-2"_s);
+}
+
+TEST_F(SaveFlow, PlainIdsInTheListStillSaveAndTheEntryOnScreenFollows)
+{
+    Items items{ids[0], ids[1]};
+    whileShown([&](frmData& form) {
+        form.menuItem(u"mnuDataDetail"_s)->trigger();
+        form.control<QLineEdit>(u"txtPaymentKeyNo"_s)->setText(u"K-1b"_s);
+        QTest::keyClick(&form, Qt::Key_S, Qt::ControlModifier);
+        EXPECT_EQ(form.recordList()->textAt(1), u"K-1b"_s);
+        EXPECT_EQ(form.recordList()->textAt(2), u"K-2"_s);
+    });
+    fmInput input;
+    input.InputData(items);
+    EXPECT_EQ(stored(ids[0], C::F00159), u"K-1b"_s);
+}
+
+TEST_F(SaveFlow, ACustomerCodeTheHostDoesNotKnowFailsTheCall)
+{
+    Items items{ListKey(insert(u"K-9"_s, u"7777"_s))};
+    whileShown([&](frmData& form) {
+        form.control<QLineEdit>(u"txtMyRemarksA"_s)->setText(u"TYPED"_s);
+        form.menuItem(u"mnuDataSave"_s)->trigger();
+    });
+    fmInput input;
+    try {
+        input.InputData(items);
+        ADD_FAILURE() << "no error";
+    } catch (const Error& e) {
+        EXPECT_EQ(e.number(), 91);
+    }
+}
+
+} // namespace
