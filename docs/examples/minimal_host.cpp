@@ -111,8 +111,8 @@ int main(int argc, char** argv)
         QTextStream(stdout) << input.GetFileName() << u' ' << input.GetDllVersion() << Qt::endl;
         if (argc > 2) { // record ids to open
             tolvinpt::Items items;
-            for (int i = 2; i < argc; ++i)
-                items.Add(QString::fromLocal8Bit(argv[i]));
+            for (int i = 2; i < argc; ++i) // each as its list key, "1234Key"
+                items.Add(tolvinpt::ListKey(QString::fromLocal8Bit(argv[i]).toLongLong()));
             input.InputData(items);
         }
     } catch (const tolvinpt::Error& e) {
