@@ -3,7 +3,10 @@
 #include "entry_fixture.h"
 
 #include "platform/field_state.h"
+#include "forms/keyed_toolbar.h"
 #include "store/package_quantities.h"
+
+#include <QToolButton>
 
 using namespace tolvinpt;
 using namespace Qt::StringLiterals;
@@ -374,6 +377,46 @@ TEST_F(Save, ARecordChangedOrDeletedByAnotherOperatorIsNotOverwritten)
                                           u"ﾃﾞｰﾀの保存")});
     EXPECT_EQ(shown(u"txtMyRemarksA"_s), u"LOST?"_s);
     EXPECT_FALSE(row(id));
+}
+
+} // namespace
+
+namespace {
+
+TEST_F(Save, HostileTextsAreStoredAndShownAgainUnchanged)
+{
+    const QString texts[] = {
+        u"say \"hi\" 'there'"_s, u"[a-z]*?#!"_s, u"50%_off\\n"_s, u"\u200Fright-to-left"_s, u"😀 ok"_s, u"\"; DROP --"_s,
+    };
+    for (const QString& value : texts) {
+        SCOPED_TRACE(value.toStdString());
+        exec(u"DELETE FROM T_Delivery"_s);
+        const qint64 id = insert();
+        open(id);
+        for (const char16_t* field : {u"txtMyRemarksA", u"txtPaymentKeyNo", u"txtCustomBar"})
+            set(QString::fromUtf16(field), value);
+        run(u"mnuDataSave"_s);
+        EXPECT_TRUE(messages.shown.isEmpty());
+        EXPECT_EQ(row(id)->text(C::F00164), value);
+        EXPECT_EQ(row(id)->text(C::F00159), value);
+        open(id);
+        EXPECT_EQ(shown(u"txtCustomBar"_s), value);
+    }
+}
+
+TEST_F(Save, SplitPrintAndThePackageEditorWriteNothingYet)
+{
+    const qint64 id = insert();
+    open(id);
+    set(u"txtMyRemarksA"_s, u"TYPED"_s);
+    for (const char16_t* item : {u"mnuDataDivide", u"mnuDataPrint"})
+        run(QString::fromUtf16(item));
+    form->toolbar1()->button(u"分割"_s)->click();
+    click(control(u"optQuantity(3)"_s));
+    click(control(u"cmdQuantity"_s));
+    EXPECT_TRUE(messages.shown.isEmpty());
+    EXPECT_TRUE(row(id)->isNull(C::F00164));
+    EXPECT_TRUE(form->isVisible());
 }
 
 } // namespace
