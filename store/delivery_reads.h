@@ -47,5 +47,7 @@ std::optional<qint64> findLiveRecordByOrderKey(db::Database& database, qint64 cu
 QString deliveryRecordSql();
 QString packageRowsSql();
 QString orderKeySql(const db::SqlDialect& dialect);
+// The order search (findOrderRecord); `literalStart`: with the range on the pattern's literal start.
+QString orderSearchSql(const db::SqlDialect& dialect, bool literalStart);
 
 } // namespace tolvinpt
