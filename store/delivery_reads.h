@@ -35,6 +35,8 @@ struct PackageRows
     std::vector<std::optional<Currency>> quantities;
     // The record has more rows than a package list can hold; those past the last are ignored.
     bool truncated = false;
+
+    friend bool operator==(const PackageRows&, const PackageRows&) = default;
 };
 PackageRows readPackageRows(db::Database& database, qint64 id);
 

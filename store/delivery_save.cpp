@@ -3,7 +3,6 @@
 #include "platform/database.h"
 #include "platform/sql_dialect.h"
 #include "platform/transaction.h"
-#include "store/delivery_reads.h"
 #include "store/delivery_writes.h"
 
 using namespace Qt::StringLiterals;
@@ -79,32 +78,50 @@ void writePackages(db::Database& database, qint64 id, const DeliverySave::Packag
         insert.bind({id, row.sequence, database.dialect().currencyValue(row.quantity)}).exec();
 }
 
+// Why `save` must not be written, checked inside its write transaction; nullopt when it may.
+std::optional<SaveOutcome> refusal(db::Database& database, const DeliverySave& save)
+{
+    const auto holder =
+        findLiveRecordByOrderKey(database, save.key.customer, save.key.orderNumber, save.key.deliveryKey);
+    if (holder && (save.isNew || *holder != save.id))
+        return SaveOutcome::DuplicateKey;
+    if (save.isNew)
+        return std::nullopt;
+    if (save.shown) {
+        const std::optional<DeliveryRecord> stored = readDeliveryRecord(database, save.id);
+        if (!stored)
+            return SaveOutcome::DeletedByOther;
+        if (!sameAsShown(*save.shown, *stored))
+            return SaveOutcome::ChangedByOther;
+    }
+    if (save.shownPackages && readPackageRows(database, save.id) != *save.shownPackages)
+        return SaveOutcome::ChangedByOther;
+    return std::nullopt;
+}
+
 } // namespace
 
 SaveResult saveDelivery(db::Database& database, const DeliverySave& save)
 {
     db::Transaction transaction(database, db::Transaction::Kind::Write);
-    const auto holder =
-        findLiveRecordByOrderKey(database, save.key.customer, save.key.orderNumber, save.key.deliveryKey);
-    if (holder && (save.isNew || *holder != save.id))
-        return {SaveOutcome::DuplicateKey, save.id};
-    if (!save.isNew && save.shown) {
-        const std::optional<DeliveryRecord> stored = readDeliveryRecord(database, save.id);
-        if (!stored)
-            return {SaveOutcome::DeletedByOther, save.id};
-        if (!sameAsShown(*save.shown, *stored))
-            return {SaveOutcome::ChangedByOther, save.id};
+    SaveResult result;
+    result.id = save.id;
+    if (const auto refused = refusal(database, save)) {
+        result.outcome = *refused;
+        return result;
     }
-    qint64 id = save.id;
     if (save.detail) {
         if (save.isNew)
-            id = insertBlankDeliveryRecord(database);
-        updateDetail(database, id, *save.detail);
+            result.id = insertBlankDeliveryRecord(database);
+        updateDetail(database, result.id, *save.detail);
     }
     if (save.packages)
-        writePackages(database, id, *save.packages);
+        writePackages(database, result.id, *save.packages);
+    result.stored = readDeliveryRecord(database, result.id);
+    if (result.stored)
+        result.storedPackages = readPackageRows(database, result.id);
     transaction.commit();
-    return {SaveOutcome::Saved, id};
+    return result;
 }
 
 } // namespace tolvinpt
