@@ -39,41 +39,28 @@ bool sameAsShown(const DeliveryRecord& shown, const DeliveryRecord& stored)
     return true;
 }
 
-// Every column of the detail that the detail save writes, in catalogue order, and the columns it clears.
+// Every column of the detail that the detail save writes, and the columns it clears.
 void updateDetail(db::Database& database, qint64 id, const DeliveryRecord& detail)
 {
-    QString assignments;
-    QVariantList values;
+    db::Statement statement = database.prepare(detailUpdateSql(detail));
+    int index = 0;
     for (const DeliveryColumnInfo& info : deliveryColumns()) {
-        QString assignment;
-        if (info.writer == Writer::DetailSave && detail.has(info.column)) {
-            assignment = info.name + u" = ?"_s;
-            values.append(storedValue(database.dialect(), info.column, detail.value(info.column)));
-        } else if (info.writer == Writer::ClearedByDetail) {
-            assignment = info.name + u" = NULL"_s;
-        } else {
-            continue;
-        }
-        assignments += (assignments.isEmpty() ? u""_s : u", "_s) + assignment;
+        if (info.writer == Writer::DetailSave && detail.has(info.column))
+            statement.bind(index++, storedValue(database.dialect(), info.column, detail.value(info.column)));
     }
-    db::Statement statement = database.prepare(u"UPDATE T_Delivery SET "_s + assignments + u" WHERE IDData = ?"_s);
-    values.append(id);
-    for (int i = 0; i < values.size(); ++i)
-        statement.bind(i, values[i]);
-    statement.exec();
+    statement.bind(index, id).exec();
 }
 
 // The package mode and quantity, and the package rows rewritten as a whole.
 void writePackages(db::Database& database, qint64 id, const DeliverySave::Packages& packages)
 {
-    database.execute(u"UPDATE T_Delivery SET DateLabelPrint = NULL, QuantityType = ?, Quantity = ? WHERE IDData = ?"_s,
-                     {int(packages.mode),
-                      storedValue(database.dialect(), DeliveryColumn::Quantity, packages.quantity), id});
-    database.execute(u"DELETE FROM T_DeliveryQTY WHERE IDData = ?"_s, {id});
+    database.execute(packageModeSql(), {int(packages.mode),
+                                        storedValue(database.dialect(), DeliveryColumn::Quantity, packages.quantity),
+                                        id});
+    database.execute(packageRowsDeleteSql(), {id});
     if (packages.mode != PackageMode::Individual)
         return;
-    db::Statement insert =
-        database.prepare(u"INSERT INTO T_DeliveryQTY (IDData, Sequence, Quantity) VALUES (?, ?, ?)"_s);
+    db::Statement insert = database.prepare(packageRowInsertSql());
     for (const PackageQuantity& row : packageRowsOf(id, packages.quantities))
         insert.bind({id, row.sequence, database.dialect().currencyValue(row.quantity)}).exec();
 }
