@@ -20,6 +20,60 @@ void check(sqlite3* db, int rc)
 
 } // namespace
 
+RawValue rawValue(const QVariant& value)
+{
+    if (value.isNull())
+        return std::monostate();
+    switch (value.typeId()) {
+    case QMetaType::Double:
+        return value.toDouble();
+    case QMetaType::QString:
+        return value.toString().toStdString();
+    default:
+        return static_cast<std::int64_t>(value.toLongLong());
+    }
+}
+
+void bindValues(sqlite3_stmt* statement, const std::vector<RawValue>& values, int first)
+{
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const int position = first + static_cast<int>(i);
+        const RawValue& value = values[i];
+        if (const auto* integer = std::get_if<std::int64_t>(&value))
+            sqlite3_bind_int64(statement, position, *integer);
+        else if (const auto* real = std::get_if<double>(&value))
+            sqlite3_bind_double(statement, position, *real);
+        else if (const auto* text = std::get_if<std::string>(&value))
+            sqlite3_bind_text(statement, position, text->data(), static_cast<int>(text->size()), SQLITE_TRANSIENT);
+        else
+            sqlite3_bind_null(statement, position);
+    }
+}
+
+std::size_t copyRow(sqlite3_stmt* statement, std::vector<RawValue>& row)
+{
+    const int columns = sqlite3_column_count(statement);
+    row.resize(static_cast<std::size_t>(columns));
+    for (int i = 0; i < columns; ++i) {
+        switch (sqlite3_column_type(statement, i)) {
+        case SQLITE_INTEGER:
+            row[i] = static_cast<std::int64_t>(sqlite3_column_int64(statement, i));
+            break;
+        case SQLITE_FLOAT:
+            row[i] = sqlite3_column_double(statement, i);
+            break;
+        case SQLITE_TEXT:
+            row[i] = std::string(reinterpret_cast<const char*>(sqlite3_column_text(statement, i)),
+                                 static_cast<std::size_t>(sqlite3_column_bytes(statement, i)));
+            break;
+        default:
+            row[i] = std::monostate();
+            break;
+        }
+    }
+    return static_cast<std::size_t>(columns);
+}
+
 bool qtOpensWithoutMutex()
 {
     static const bool withoutMutex = [] {
@@ -90,27 +144,8 @@ std::size_t RawSqlite::readRecord(std::int64_t id)
 {
     sqlite3_bind_int64(m_read, 1, id);
     std::size_t columns = 0;
-    if (sqlite3_step(m_read) == SQLITE_ROW) {
-        columns = static_cast<std::size_t>(sqlite3_column_count(m_read));
-        m_row.resize(columns);
-        for (int i = 0; i < static_cast<int>(columns); ++i) {
-            switch (sqlite3_column_type(m_read, i)) {
-            case SQLITE_INTEGER:
-                m_row[i] = static_cast<std::int64_t>(sqlite3_column_int64(m_read, i));
-                break;
-            case SQLITE_FLOAT:
-                m_row[i] = sqlite3_column_double(m_read, i);
-                break;
-            case SQLITE_TEXT:
-                m_row[i] = std::string(reinterpret_cast<const char*>(sqlite3_column_text(m_read, i)),
-                                       static_cast<std::size_t>(sqlite3_column_bytes(m_read, i)));
-                break;
-            default:
-                m_row[i] = std::monostate();
-                break;
-            }
-        }
-    }
+    if (sqlite3_step(m_read) == SQLITE_ROW)
+        columns = copyRow(m_read, m_row);
     sqlite3_reset(m_read);
     return columns;
 }
@@ -139,19 +174,7 @@ double RawSqlite::inTransaction(const std::function<double()>& calls)
 void RawSqlite::insertAndDelete(const std::vector<RawValue>& values)
 {
     run(m_begin);
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        const int position = static_cast<int>(i) + 1;
-        const RawValue& value = values[i];
-        if (const auto* integer = std::get_if<std::int64_t>(&value))
-            sqlite3_bind_int64(m_insert, position, *integer);
-        else if (const auto* real = std::get_if<double>(&value))
-            sqlite3_bind_double(m_insert, position, *real);
-        else if (const auto* text = std::get_if<std::string>(&value))
-            sqlite3_bind_text(m_insert, position, text->data(), static_cast<int>(text->size()),
-                              SQLITE_TRANSIENT);
-        else
-            sqlite3_bind_null(m_insert, position);
-    }
+    bindValues(m_insert, values);
     run(m_insert);
     const sqlite3_int64 id = sqlite3_last_insert_rowid(m_db);
     sqlite3_bind_int64(m_deletePackages, 1, id);

@@ -2,6 +2,8 @@
 
 // The benchmark's baseline: the same statements through the sqlite3 C API alone, on a connection of its own.
 
+#include <QVariant>
+
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -15,6 +17,13 @@ struct sqlite3_stmt;
 namespace tolvinpt::bench {
 
 using RawValue = std::variant<std::monostate, std::int64_t, double, std::string>;
+
+// A value as our layer would bind it (see SqliteStatement::bind), converted before any timing.
+RawValue rawValue(const QVariant& value);
+// Binds `values` from placeholder `first` (1-based) on.
+void bindValues(sqlite3_stmt* statement, const std::vector<RawValue>& values, int first = 1);
+// Copies every column of the statement's current row into `row`; returns the number of columns.
+std::size_t copyRow(sqlite3_stmt* statement, std::vector<RawValue>& row);
 
 // Opens `file` as Qt's QSQLITE driver opens its connections, so that the baseline pays the same
 // locking per call: read-write (created when missing), extended result codes, Qt's busy timeout, and
