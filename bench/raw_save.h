@@ -23,14 +23,14 @@ class RawSave
 {
 public:
     RawSave(const std::string& file, const RawSaveStatements& sql);
-    RawSave(const RawSave&) = delete;
-    RawSave& operator=(const RawSave&) = delete;
-    ~RawSave();
 
     // Runs a statement that returns nothing, such as a PRAGMA.
-    void execute(const std::string& sql);
+    void execute(const std::string& sql) { m_connection.execute(sql); }
     std::optional<std::int64_t> findByOrderKey(std::int64_t customer, const std::string& order,
-                                               const std::string& key);
+                                               const std::string& key)
+    {
+        return bench::findByOrderKey(m_find, customer, order, key);
+    }
     // Everything a save of an existing record does: in one write transaction the key check, the row and
     // its packages read and copied out, the detail update, the package mode, the package rows rewritten,
     // the row and packages read again. Returns the number of package rows read back.
@@ -42,13 +42,9 @@ public:
                        const std::string& pattern);
 
 private:
-    sqlite3_stmt* prepare(const std::string& sql);
-    void run(sqlite3_stmt* statement);
-    std::size_t readRecord(std::int64_t id);
     std::size_t readPackages(std::int64_t id);
 
-    sqlite3* m_db = nullptr;
-    std::vector<sqlite3_stmt*> m_statements;
+    RawConnection m_connection;
     sqlite3_stmt *m_find, *m_read, *m_readPackages, *m_update, *m_updatePackages, *m_deletePackages,
         *m_insertPackage, *m_search, *m_begin, *m_commit;
     std::vector<RawValue> m_row;
