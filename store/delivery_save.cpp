@@ -68,10 +68,13 @@ void writePackages(db::Database& database, qint64 id, const DeliverySave::Packag
 // Why `save` must not be written, checked inside its write transaction; nullopt when it may.
 std::optional<SaveOutcome> refusal(db::Database& database, const DeliverySave& save)
 {
-    const auto holder =
-        findLiveRecordByOrderKey(database, save.key.customer, save.key.orderNumber, save.key.deliveryKey);
-    if (holder && (save.isNew || *holder != save.id))
-        return SaveOutcome::DuplicateKey;
+    // Only a save that writes the key can make it a duplicate (the checks before a save ask anyway).
+    if (save.detail) {
+        const auto holder =
+            findLiveRecordByOrderKey(database, save.key.customer, save.key.orderNumber, save.key.deliveryKey);
+        if (holder && (save.isNew || *holder != save.id))
+            return SaveOutcome::DuplicateKey;
+    }
     if (save.isNew)
         return std::nullopt;
     if (save.shown) {

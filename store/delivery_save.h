@@ -35,7 +35,7 @@ struct DeliverySave
     // (storedValue), DateDeliveryPrint set to Null. Without it the row's data is left alone.
     std::optional<DeliveryRecord> detail;
     // The order key that `detail` writes; the save refuses it when a live record other than this one
-    // holds it already.
+    // holds it already. Not consulted without `detail`.
     OrderKey key;
 
     struct Packages
