@@ -3,14 +3,7 @@
 // The form benchmark's baseline: the reads behind a record display and a record list, through the
 // sqlite3 C API alone on a connection of its own.
 
-#include <cstdint>
-#include <optional>
-#include <string>
-#include <variant>
-#include <vector>
-
-struct sqlite3;
-struct sqlite3_stmt;
+#include "bench/raw_sqlite.h"
 
 namespace tolvinpt::bench {
 
@@ -19,9 +12,6 @@ class RawFormReads
 public:
     // `recordSql` and `packagesSql` take the IDData as their one '?'.
     RawFormReads(const std::string& file, const std::string& recordSql, const std::string& packagesSql);
-    RawFormReads(const RawFormReads&) = delete;
-    RawFormReads& operator=(const RawFormReads&) = delete;
-    ~RawFormReads();
 
     // Copies every column of the record and the quantities of its package rows out; the number of
     // values copied, 0 when there is no such record.
@@ -31,20 +21,13 @@ public:
     std::vector<std::optional<std::string>> readDeliveryKeys(const std::vector<long long>& ids);
 
 private:
-    using Value = std::variant<std::monostate, std::int64_t, double, std::string>;
-
-    sqlite3_stmt* prepare(const std::string& sql);
-    // Appends the current row's columns to m_values.
-    void copyRow(sqlite3_stmt* statement);
-
-    sqlite3* m_db = nullptr;
-    std::vector<sqlite3_stmt*> m_statements;
+    RawConnection m_connection;
     sqlite3_stmt* m_record;
     sqlite3_stmt* m_packages;
     sqlite3_stmt* m_key;
     sqlite3_stmt* m_begin;
     sqlite3_stmt* m_commit;
-    std::vector<Value> m_values;
+    std::vector<RawValue> m_values;
 };
 
 } // namespace tolvinpt::bench

@@ -10,15 +10,80 @@
 
 namespace tolvinpt::bench {
 
-namespace {
-
-void check(sqlite3* db, int rc)
+RawValue rawValue(const QVariant& value)
 {
-    if (rc != SQLITE_OK && rc != SQLITE_ROW && rc != SQLITE_DONE)
-        throw std::runtime_error(sqlite3_errmsg(db));
+    if (value.isNull())
+        return std::monostate();
+    switch (value.typeId()) {
+    case QMetaType::Double:
+        return value.toDouble();
+    case QMetaType::QString:
+        return value.toString().toStdString();
+    default:
+        return static_cast<std::int64_t>(value.toLongLong());
+    }
 }
 
-} // namespace
+void bindValues(sqlite3_stmt* statement, const std::vector<RawValue>& values, int first)
+{
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const int position = first + static_cast<int>(i);
+        const RawValue& value = values[i];
+        if (const auto* integer = std::get_if<std::int64_t>(&value))
+            sqlite3_bind_int64(statement, position, *integer);
+        else if (const auto* real = std::get_if<double>(&value))
+            sqlite3_bind_double(statement, position, *real);
+        else if (const auto* text = std::get_if<std::string>(&value))
+            sqlite3_bind_text(statement, position, text->data(), static_cast<int>(text->size()), SQLITE_TRANSIENT);
+        else
+            sqlite3_bind_null(statement, position);
+    }
+}
+
+void appendRow(sqlite3_stmt* statement, std::vector<RawValue>& values)
+{
+    const int columns = sqlite3_column_count(statement);
+    for (int i = 0; i < columns; ++i) {
+        switch (sqlite3_column_type(statement, i)) {
+        case SQLITE_INTEGER:
+            values.emplace_back(static_cast<std::int64_t>(sqlite3_column_int64(statement, i)));
+            break;
+        case SQLITE_FLOAT:
+            values.emplace_back(sqlite3_column_double(statement, i));
+            break;
+        case SQLITE_TEXT:
+            values.emplace_back(std::string(reinterpret_cast<const char*>(sqlite3_column_text(statement, i)),
+                                            static_cast<std::size_t>(sqlite3_column_bytes(statement, i))));
+            break;
+        default:
+            values.emplace_back(std::monostate());
+            break;
+        }
+    }
+}
+
+std::size_t readRow(sqlite3_stmt* read, std::int64_t id, std::vector<RawValue>& row)
+{
+    sqlite3_bind_int64(read, 1, id);
+    row.clear();
+    if (sqlite3_step(read) == SQLITE_ROW)
+        appendRow(read, row);
+    sqlite3_reset(read);
+    return row.size();
+}
+
+std::optional<std::int64_t> findByOrderKey(sqlite3_stmt* find, std::int64_t customer, const std::string& order,
+                                           const std::string& key)
+{
+    sqlite3_bind_int64(find, 1, customer);
+    sqlite3_bind_text(find, 2, order.data(), static_cast<int>(order.size()), SQLITE_TRANSIENT);
+    sqlite3_bind_text(find, 3, key.data(), static_cast<int>(key.size()), SQLITE_TRANSIENT);
+    std::optional<std::int64_t> id;
+    if (sqlite3_step(find) == SQLITE_ROW)
+        id = sqlite3_column_int64(find, 0);
+    sqlite3_reset(find);
+    return id;
+}
 
 bool qtOpensWithoutMutex()
 {
@@ -53,112 +118,62 @@ sqlite3* openLikeQt(const std::string& file)
     return db;
 }
 
-RawSqlite::RawSqlite(const std::string& file, const RawStatements& sql) : m_db(openLikeQt(file))
-{
-    m_read = prepare(sql.readRecord);
-    m_find = prepare(sql.findByKey);
-    m_insert = prepare(sql.insertRecord);
-    m_deletePackages = prepare("DELETE FROM T_DeliveryQTY WHERE IDData = ?");
-    m_delete = prepare("DELETE FROM T_Delivery WHERE IDData = ?");
-    m_begin = prepare("BEGIN");
-    m_commit = prepare("COMMIT");
-}
+RawConnection::RawConnection(const std::string& file) : m_db(openLikeQt(file)) {}
 
-RawSqlite::~RawSqlite()
+RawConnection::~RawConnection()
 {
     for (sqlite3_stmt* statement : m_statements)
         sqlite3_finalize(statement);
     sqlite3_close(m_db);
 }
 
-sqlite3_stmt* RawSqlite::prepare(const std::string& sql)
+sqlite3_stmt* RawConnection::prepare(const std::string& sql)
 {
     sqlite3_stmt* statement = nullptr;
-    check(m_db, sqlite3_prepare_v3(m_db, sql.c_str(), -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr));
+    if (sqlite3_prepare_v3(m_db, sql.c_str(), -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr) != SQLITE_OK)
+        throw std::runtime_error(sqlite3_errmsg(m_db));
     m_statements.push_back(statement);
     return statement;
 }
 
-void RawSqlite::run(sqlite3_stmt* statement)
+void RawConnection::run(sqlite3_stmt* statement)
 {
     const int rc = sqlite3_step(statement);
     sqlite3_reset(statement);
-    check(m_db, rc);
+    if (rc != SQLITE_ROW && rc != SQLITE_DONE)
+        throw std::runtime_error(sqlite3_errmsg(m_db));
 }
 
-std::size_t RawSqlite::readRecord(std::int64_t id)
+RawSqlite::RawSqlite(const std::string& file, const RawStatements& sql) : m_connection(file)
 {
-    sqlite3_bind_int64(m_read, 1, id);
-    std::size_t columns = 0;
-    if (sqlite3_step(m_read) == SQLITE_ROW) {
-        columns = static_cast<std::size_t>(sqlite3_column_count(m_read));
-        m_row.resize(columns);
-        for (int i = 0; i < static_cast<int>(columns); ++i) {
-            switch (sqlite3_column_type(m_read, i)) {
-            case SQLITE_INTEGER:
-                m_row[i] = static_cast<std::int64_t>(sqlite3_column_int64(m_read, i));
-                break;
-            case SQLITE_FLOAT:
-                m_row[i] = sqlite3_column_double(m_read, i);
-                break;
-            case SQLITE_TEXT:
-                m_row[i] = std::string(reinterpret_cast<const char*>(sqlite3_column_text(m_read, i)),
-                                       static_cast<std::size_t>(sqlite3_column_bytes(m_read, i)));
-                break;
-            default:
-                m_row[i] = std::monostate();
-                break;
-            }
-        }
-    }
-    sqlite3_reset(m_read);
-    return columns;
-}
-
-std::optional<std::int64_t> RawSqlite::findByOrderKey(std::int64_t customer, const std::string& order,
-                                                      const std::string& key)
-{
-    sqlite3_bind_int64(m_find, 1, customer);
-    sqlite3_bind_text(m_find, 2, order.data(), static_cast<int>(order.size()), SQLITE_TRANSIENT);
-    sqlite3_bind_text(m_find, 3, key.data(), static_cast<int>(key.size()), SQLITE_TRANSIENT);
-    std::optional<std::int64_t> id;
-    if (sqlite3_step(m_find) == SQLITE_ROW)
-        id = sqlite3_column_int64(m_find, 0);
-    sqlite3_reset(m_find);
-    return id;
+    m_read = m_connection.prepare(sql.readRecord);
+    m_find = m_connection.prepare(sql.findByKey);
+    m_insert = m_connection.prepare(sql.insertRecord);
+    m_deletePackages = m_connection.prepare("DELETE FROM T_DeliveryQTY WHERE IDData = ?");
+    m_delete = m_connection.prepare("DELETE FROM T_Delivery WHERE IDData = ?");
+    m_begin = m_connection.prepare("BEGIN");
+    m_commit = m_connection.prepare("COMMIT");
 }
 
 double RawSqlite::inTransaction(const std::function<double()>& calls)
 {
-    run(m_begin);
+    m_connection.run(m_begin);
     const double result = calls();
-    run(m_commit);
+    m_connection.run(m_commit);
     return result;
 }
 
 void RawSqlite::insertAndDelete(const std::vector<RawValue>& values)
 {
-    run(m_begin);
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        const int position = static_cast<int>(i) + 1;
-        const RawValue& value = values[i];
-        if (const auto* integer = std::get_if<std::int64_t>(&value))
-            sqlite3_bind_int64(m_insert, position, *integer);
-        else if (const auto* real = std::get_if<double>(&value))
-            sqlite3_bind_double(m_insert, position, *real);
-        else if (const auto* text = std::get_if<std::string>(&value))
-            sqlite3_bind_text(m_insert, position, text->data(), static_cast<int>(text->size()),
-                              SQLITE_TRANSIENT);
-        else
-            sqlite3_bind_null(m_insert, position);
-    }
-    run(m_insert);
-    const sqlite3_int64 id = sqlite3_last_insert_rowid(m_db);
+    m_connection.run(m_begin);
+    bindValues(m_insert, values);
+    m_connection.run(m_insert);
+    const sqlite3_int64 id = sqlite3_last_insert_rowid(m_connection.handle());
     sqlite3_bind_int64(m_deletePackages, 1, id);
-    run(m_deletePackages);
+    m_connection.run(m_deletePackages);
     sqlite3_bind_int64(m_delete, 1, id);
-    run(m_delete);
-    run(m_commit);
+    m_connection.run(m_delete);
+    m_connection.run(m_commit);
 }
 
 } // namespace tolvinpt::bench

@@ -24,6 +24,7 @@
 using namespace Qt::StringLiterals;
 using namespace tolvinpt;
 using tolvinpt::bench::RawValue;
+using tolvinpt::bench::rawValue;
 
 namespace {
 
@@ -83,20 +84,6 @@ Result compare(int rounds, int count, Ours&& ours, Raw&& raw, const Batch& oursB
         }
     }
     return {median(oursTimes), median(rawTimes)};
-}
-
-RawValue rawValue(const QVariant& value)
-{
-    if (value.isNull())
-        return std::monostate();
-    switch (value.typeId()) {
-    case QMetaType::Double:
-        return value.toDouble();
-    case QMetaType::QString:
-        return value.toString().toStdString();
-    default:
-        return static_cast<std::int64_t>(value.toLongLong());
-    }
 }
 
 void print(const char* operation, const Result& r)

@@ -35,6 +35,8 @@ struct PackageRows
     std::vector<std::optional<Currency>> quantities;
     // The record has more rows than a package list can hold; those past the last are ignored.
     bool truncated = false;
+
+    friend bool operator==(const PackageRows&, const PackageRows&) = default;
 };
 PackageRows readPackageRows(db::Database& database, qint64 id);
 
@@ -47,5 +49,7 @@ std::optional<qint64> findLiveRecordByOrderKey(db::Database& database, qint64 cu
 QString deliveryRecordSql();
 QString packageRowsSql();
 QString orderKeySql(const db::SqlDialect& dialect);
+// The order search (findOrderRecord); `literalStart`: with the range on the pattern's literal start.
+QString orderSearchSql(const db::SqlDialect& dialect, bool literalStart);
 
 } // namespace tolvinpt

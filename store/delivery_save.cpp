@@ -3,7 +3,6 @@
 #include "platform/database.h"
 #include "platform/sql_dialect.h"
 #include "platform/transaction.h"
-#include "store/delivery_reads.h"
 #include "store/delivery_writes.h"
 
 using namespace Qt::StringLiterals;
@@ -40,43 +39,54 @@ bool sameAsShown(const DeliveryRecord& shown, const DeliveryRecord& stored)
     return true;
 }
 
-// Every column of the detail that the detail save writes, in catalogue order, and the columns it clears.
+// Every column of the detail that the detail save writes, and the columns it clears.
 void updateDetail(db::Database& database, qint64 id, const DeliveryRecord& detail)
 {
-    QString assignments;
-    QVariantList values;
+    db::Statement statement = database.prepare(detailUpdateSql(detail));
+    int index = 0;
     for (const DeliveryColumnInfo& info : deliveryColumns()) {
-        QString assignment;
-        if (info.writer == Writer::DetailSave && detail.has(info.column)) {
-            assignment = info.name + u" = ?"_s;
-            values.append(storedValue(database.dialect(), info.column, detail.value(info.column)));
-        } else if (info.writer == Writer::ClearedByDetail) {
-            assignment = info.name + u" = NULL"_s;
-        } else {
-            continue;
-        }
-        assignments += (assignments.isEmpty() ? u""_s : u", "_s) + assignment;
+        if (info.writer == Writer::DetailSave && detail.has(info.column))
+            statement.bind(index++, storedValue(database.dialect(), info.column, detail.value(info.column)));
     }
-    db::Statement statement = database.prepare(u"UPDATE T_Delivery SET "_s + assignments + u" WHERE IDData = ?"_s);
-    values.append(id);
-    for (int i = 0; i < values.size(); ++i)
-        statement.bind(i, values[i]);
-    statement.exec();
+    statement.bind(index, id).exec();
 }
 
 // The package mode and quantity, and the package rows rewritten as a whole.
 void writePackages(db::Database& database, qint64 id, const DeliverySave::Packages& packages)
 {
-    database.execute(u"UPDATE T_Delivery SET DateLabelPrint = NULL, QuantityType = ?, Quantity = ? WHERE IDData = ?"_s,
-                     {int(packages.mode),
-                      storedValue(database.dialect(), DeliveryColumn::Quantity, packages.quantity), id});
-    database.execute(u"DELETE FROM T_DeliveryQTY WHERE IDData = ?"_s, {id});
+    database.execute(packageModeSql(), {int(packages.mode),
+                                        storedValue(database.dialect(), DeliveryColumn::Quantity, packages.quantity),
+                                        id});
+    database.execute(packageRowsDeleteSql(), {id});
     if (packages.mode != PackageMode::Individual)
         return;
-    db::Statement insert =
-        database.prepare(u"INSERT INTO T_DeliveryQTY (IDData, Sequence, Quantity) VALUES (?, ?, ?)"_s);
+    db::Statement insert = database.prepare(packageRowInsertSql());
     for (const PackageQuantity& row : packageRowsOf(id, packages.quantities))
         insert.bind({id, row.sequence, database.dialect().currencyValue(row.quantity)}).exec();
+}
+
+// Why `save` must not be written, checked inside its write transaction; nullopt when it may.
+std::optional<SaveOutcome> refusal(db::Database& database, const DeliverySave& save)
+{
+    // Only a save that writes the key can make it a duplicate (the checks before a save ask anyway).
+    if (save.detail) {
+        const auto holder =
+            findLiveRecordByOrderKey(database, save.key.customer, save.key.orderNumber, save.key.deliveryKey);
+        if (holder && (save.isNew || *holder != save.id))
+            return SaveOutcome::DuplicateKey;
+    }
+    if (save.isNew)
+        return std::nullopt;
+    if (save.shown) {
+        const std::optional<DeliveryRecord> stored = readDeliveryRecord(database, save.id);
+        if (!stored)
+            return SaveOutcome::DeletedByOther;
+        if (!sameAsShown(*save.shown, *stored))
+            return SaveOutcome::ChangedByOther;
+    }
+    if (save.shownPackages && readPackageRows(database, save.id) != *save.shownPackages)
+        return SaveOutcome::ChangedByOther;
+    return std::nullopt;
 }
 
 } // namespace
@@ -84,27 +94,24 @@ void writePackages(db::Database& database, qint64 id, const DeliverySave::Packag
 SaveResult saveDelivery(db::Database& database, const DeliverySave& save)
 {
     db::Transaction transaction(database, db::Transaction::Kind::Write);
-    const auto holder =
-        findLiveRecordByOrderKey(database, save.key.customer, save.key.orderNumber, save.key.deliveryKey);
-    if (holder && (save.isNew || *holder != save.id))
-        return {SaveOutcome::DuplicateKey, save.id};
-    if (!save.isNew && save.shown) {
-        const std::optional<DeliveryRecord> stored = readDeliveryRecord(database, save.id);
-        if (!stored)
-            return {SaveOutcome::DeletedByOther, save.id};
-        if (!sameAsShown(*save.shown, *stored))
-            return {SaveOutcome::ChangedByOther, save.id};
+    SaveResult result;
+    result.id = save.id;
+    if (const auto refused = refusal(database, save)) {
+        result.outcome = *refused;
+        return result;
     }
-    qint64 id = save.id;
     if (save.detail) {
         if (save.isNew)
-            id = insertBlankDeliveryRecord(database);
-        updateDetail(database, id, *save.detail);
+            result.id = insertBlankDeliveryRecord(database);
+        updateDetail(database, result.id, *save.detail);
     }
     if (save.packages)
-        writePackages(database, id, *save.packages);
+        writePackages(database, result.id, *save.packages);
+    result.stored = readDeliveryRecord(database, result.id);
+    if (result.stored)
+        result.storedPackages = readPackageRows(database, result.id);
     transaction.commit();
-    return {SaveOutcome::Saved, id};
+    return result;
 }
 
 } // namespace tolvinpt

@@ -3,6 +3,7 @@
 // The save of one delivery record from the entry form, and the order search that prefills a new one.
 // Threading: UI thread only, like the connection.
 
+#include "store/delivery_reads.h"
 #include "store/delivery_record.h"
 #include "store/package_mode.h"
 #include "store/package_quantities.h"
@@ -34,7 +35,7 @@ struct DeliverySave
     // (storedValue), DateDeliveryPrint set to Null. Without it the row's data is left alone.
     std::optional<DeliveryRecord> detail;
     // The order key that `detail` writes; the save refuses it when a live record other than this one
-    // holds it already.
+    // holds it already. Not consulted without `detail`.
     OrderKey key;
 
     struct Packages
@@ -53,6 +54,9 @@ struct DeliverySave
     // if the stored row is still that one, so that what another operator saved meanwhile is never
     // overwritten. Without it (a new record) nothing is compared.
     std::optional<DeliveryRecord> shown;
+    // The record's package rows as the form showed them (readPackageRows), when it read them: compared
+    // the same way, as another operator may have changed only those.
+    std::optional<PackageRows> shownPackages;
 };
 
 enum class SaveOutcome {
@@ -67,6 +71,11 @@ struct SaveResult
     SaveOutcome outcome = SaveOutcome::Saved;
     // The record's IDData; for a new record the number the database gave it (only when Saved).
     qint64 id = 0;
+    // Saved: the row and its package rows as this save left them, read before it committed; what the
+    // form shows from now on, to be given as `shown` and `shownPackages` to the next save of the record.
+    // nullopt when there is no row (package data saved under IDData 0).
+    std::optional<DeliveryRecord> stored;
+    std::optional<PackageRows> storedPackages;
 };
 
 // Writes `save` in one write transaction that no other writer can interleave: the duplicate check, the

@@ -55,16 +55,46 @@ qint64 insertDeliveryRecord(db::Database& database, const DeliveryRecord& record
     return statement.lastInsertId();
 }
 
+QString detailUpdateSql(const DeliveryRecord& detail)
+{
+    QString assignments;
+    for (const DeliveryColumnInfo& info : deliveryColumns()) {
+        QString assignment;
+        if (info.writer == Writer::DetailSave && detail.has(info.column))
+            assignment = info.name + u" = ?"_s;
+        else if (info.writer == Writer::ClearedByDetail)
+            assignment = info.name + u" = NULL"_s;
+        else
+            continue;
+        assignments += (assignments.isEmpty() ? u""_s : u", "_s) + assignment;
+    }
+    return u"UPDATE T_Delivery SET "_s + assignments + u" WHERE IDData = ?"_s;
+}
+
+QString packageModeSql()
+{
+    return u"UPDATE T_Delivery SET DateLabelPrint = NULL, QuantityType = ?, Quantity = ? WHERE IDData = ?"_s;
+}
+
+QString packageRowsDeleteSql()
+{
+    return u"DELETE FROM T_DeliveryQTY WHERE IDData = ?"_s;
+}
+
+QString packageRowInsertSql()
+{
+    return u"INSERT INTO T_DeliveryQTY (IDData, Sequence, Quantity) VALUES (?, ?, ?)"_s;
+}
+
 void deleteDeliveryRecord(db::Database& database, qint64 id)
 {
-    database.execute(u"DELETE FROM T_DeliveryQTY WHERE IDData = ?"_s, {id});
+    database.execute(packageRowsDeleteSql(), {id});
     database.execute(u"DELETE FROM T_Delivery WHERE IDData = ?"_s, {id});
 }
 
 void insertPackageRows(db::Database& database, qint64 id, const QList<QVariant>& quantities)
 {
-    db::Statement statement =
-        database.prepare(u"INSERT INTO T_DeliveryQTY (IDData, Sequence, Quantity) VALUES (?, ?, ?)"_s);
+    db::Statement statement = database.prepare(packageRowInsertSql());
     for (int i = 0; i < quantities.size(); ++i)
         statement.bind({id, i + 1, quantities[i]}).exec();
 }

@@ -26,6 +26,16 @@ qint64 insertDeliveryRecord(db::Database& database, const DeliveryRecord& record
 // The insert statement for the columns that `record` has, in catalogue order, one '?' each.
 QString deliveryInsertSql(const DeliveryRecord& record);
 
+// The update of the columns of `detail` that the detail save writes, one '?' each in catalogue order and
+// one for IDData last, with the columns it clears set to Null.
+QString detailUpdateSql(const DeliveryRecord& detail);
+// The package mode's update ('?': QuantityType, Quantity, IDData), which clears the label print date.
+QString packageModeSql();
+// The package rows of a record ('?': IDData): their delete, and the insert of one ('?': IDData, Sequence,
+// Quantity).
+QString packageRowsDeleteSql();
+QString packageRowInsertSql();
+
 // Deletes a record and its package rows.
 void deleteDeliveryRecord(db::Database& database, qint64 id);
 
