@@ -4,6 +4,7 @@
 // new-record mode. Its controls are built from forms/frmData/catalogue and found by their names.
 
 #include "forms/form_builder.h"
+#include "store/delivery_reads.h"
 #include "store/delivery_record.h"
 
 #include <QDialog>
@@ -43,8 +44,10 @@ public:
     bool NotSeek = false;
     // The prefix length that cobCurrency_Change keeps for its own nested change; 0 between calls.
     qint16 CurrencyPrefixLength = 0;
-    // The stored row as the display read it; a save writes only while the database still holds it.
+    // The stored row and its package rows as the display read them (the rows only where it read them);
+    // a save writes only while the database still holds them.
     std::optional<DeliveryRecord> shownRecord;
+    std::optional<PackageRows> shownPackages;
 
     // The running entry call's store, customers and record list; set by the call before the form is
     // shown. The commands that read or write records need it.

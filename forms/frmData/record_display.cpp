@@ -91,7 +91,10 @@ void showPackages(frmData& form, db::Database& database, const CustomerList& cus
     }
     step([&] { fill(form, u"txtQuantity", currencyText(C::Quantity)); });
     if (mode == PackageMode::Individual)
-        step([&] { loadPackageQuantities(gPackageQty, readPackageRows(database, record.id().value()).quantities); });
+        step([&] {
+            form.shownPackages = readPackageRows(database, record.id().value());
+            loadPackageQuantities(gPackageQty, form.shownPackages->quantities);
+        });
 }
 
 void showRecord(frmData& form, db::Database& database, const CustomerList& customers, const DeliveryRecord& record)
@@ -125,6 +128,7 @@ void ShowDeliveryRecord(frmData& form, db::Database& database, const CustomerLis
 {
     if (record) {
         form.shownRecord = *record;
+        form.shownPackages.reset();
         showRecord(form, database, customers, *record);
     }
     form.bChanged = false;

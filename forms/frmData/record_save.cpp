@@ -6,7 +6,6 @@
 #include "forms/frmData/save_values.h"
 #include "platform/database.h"
 #include "platform/messages.h"
-#include "store/delivery_reads.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
@@ -77,13 +76,9 @@ bool frmData::SaveRecord()
                        control<QCheckBox>(u"chkNew"_s)->isChecked());
     bChanged = false;
     bChangedQTY = false;
-    // The next save compares with the row as it now stands. Should it not be read, the stale row makes
-    // that save offer to reload rather than overwrite.
-    try {
-        if (auto row = readDeliveryRecord(link().database(), result.id))
-            shownRecord = std::move(row);
-    } catch (const db::DatabaseError&) {
-    }
+    // The next save compares with the record as this one left it.
+    shownRecord = std::move(result.stored);
+    shownPackages = std::move(result.storedPackages);
     return true;
 }
 

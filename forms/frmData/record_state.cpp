@@ -82,6 +82,7 @@ void frmData::SetDetailEditable(bool editable)
 void frmData::gNewStart()
 {
     shownRecord.reset();
+    shownPackages.reset();
     ClearEntryForm();
     control<QCheckBox>(QStringLiteral("chkNew"))->setChecked(true);
     SetDetailEditable(true);

@@ -115,8 +115,10 @@ DeliverySave deliverySaveOf(const frmData& form, const db::SqlDialect& dialect)
     }
     if (form.bChanged || form.bChangedQTY)
         save.packages = packagesOf(form);
-    if (!save.isNew)
+    if (!save.isNew) {
         save.shown = form.shownRecord;
+        save.shownPackages = form.shownPackages;
+    }
     return save;
 }
 

@@ -370,6 +370,15 @@ TEST_F(Save, ARecordChangedOrDeletedByAnotherOperatorIsNotOverwritten)
         EXPECT_EQ(stored(*row(id), C::F00164), value);
     }
 
+    // Only a package row changed: that is a change too.
+    exec(u"UPDATE T_Delivery SET QuantityType = 3 WHERE IDData = "_s + QString::number(id));
+    insertPackageRows(temp.db(), id, {u"4"_s, u"6"_s});
+    open(id);
+    set(u"txtMyRemarksA"_s, u"MINE"_s);
+    other.exec(u"UPDATE T_DeliveryQTY SET Quantity = 5 WHERE Sequence = 2 AND IDData = "_s + QString::number(id));
+    run(u"mnuDataSave"_s);
+    messages.expectShown({changed});
+
     set(u"txtMyRemarksA"_s, u"LOST?"_s);
     other.exec(u"DELETE FROM T_Delivery WHERE IDData = "_s + QString::number(id));
     run(u"mnuDataSave"_s);
