@@ -79,7 +79,8 @@ void frmData::connectCommands()
     };
     for (const Command& command : Commands)
         connect(menuItem(command.menuItem.toString()), &QAction::triggered, this, reporting(command.run));
-    connect(control<QPushButton>(u"cmdFind"_s), &QPushButton::clicked, this, reporting(&frmData::cmdFind_Click));
+    connect(control<QPushButton>(u"cmdFind"_s), &QPushButton::clicked, this,
+            reporting(&frmData::cmdFind_Click));
     // The toolbars run the same procedures and go on after a run-time error, saying nothing.
     for (KeyedToolBar* toolbar : {m_toolbar1, m_toolbar2}) {
         connect(toolbar, &KeyedToolBar::buttonClicked, this, guarded([this](const QString& key) {

@@ -31,10 +31,12 @@ struct Notice
 constexpr Notice OrderNumberRequired = {u"注文番号は必須入力です", u"[注文番号] - 入力ﾁｪｯｸ"};
 constexpr Notice DeliveryKeyRequired = {u"納品ｷｰ番号は必須入力です", u"[納品ｷｰ番号] - 入力ﾁｪｯｸ"};
 constexpr Notice ItemRequired = {u"発注者品名ｺｰﾄﾞ、または品名は必須入力です", u"[発注者品名ｺｰﾄﾞ] - 入力ﾁｪｯｸ"};
-constexpr Notice OrderQuantityTooLarge = {u"注文数量の最大値は 999,999,999.999 です", u"[注文数量] - 入力ﾁｪｯｸ"};
+constexpr Notice OrderQuantityTooLarge = {u"注文数量の最大値は 999,999,999.999 です",
+                                          u"[注文数量] - 入力ﾁｪｯｸ"};
 constexpr Notice OrderQuantityZero = {u"注文数量が ｾﾞﾛ です", u"[注文数量] - 入力ﾁｪｯｸ"};
 constexpr Notice DeliveryQuantityZero = {u"納入数量に ｾﾞﾛ は入力できません", u"[納入数量] - 入力ﾁｪｯｸ"};
-constexpr Notice DeliveryQuantityTooLarge = {u"納入数量の最大値は 999,999,999.999 です", u"[納入数量] - 入力ﾁｪｯｸ"};
+constexpr Notice DeliveryQuantityTooLarge = {u"納入数量の最大値は 999,999,999.999 です",
+                                             u"[納入数量] - 入力ﾁｪｯｸ"};
 constexpr Notice DuplicateKey = {u"同一の納品ｷｰ番号が存在します", u"重複ﾁｪｯｸ"};
 constexpr Notice DueDateEmpty = {u"納期が入力されていません", u"[納期] - 入力ﾁｪｯｸ"};
 constexpr Notice ShipDateEmpty = {u"出荷日が入力されていません", u"[出荷日] - 入力ﾁｪｯｸ"};
@@ -44,7 +46,8 @@ struct DateCheck
     Notice empty;
 };
 constexpr DateCheck DateChecks[] = {{u"txtDate(0)", DueDateEmpty}, {u"txtDate(1)", ShipDateEmpty}};
-constexpr Notice SaveIncomplete = {u"必要項目が入力されていませんが、保存してよろしいですか", u"再確認...入力ﾁｪｯｸ"};
+constexpr Notice SaveIncomplete = {u"必要項目が入力されていませんが、保存してよろしいですか",
+                                   u"再確認...入力ﾁｪｯｸ"};
 
 void tell(const Notice& notice)
 {
@@ -158,8 +161,8 @@ private:
     bool uniqueKey()
     {
         const OrderKey key = orderKeyOnScreen(m_form);
-        const auto found =
-            findLiveRecordByOrderKey(m_form.link().database(), key.customer, key.orderNumber, key.deliveryKey);
+        const auto found = findLiveRecordByOrderKey(m_form.link().database(), key.customer, key.orderNumber,
+                                                    key.deliveryKey);
         if (!found || QString::number(*found) == text(u"txtIDData"))
             return true;
         refuseDuplicateKey(m_form);

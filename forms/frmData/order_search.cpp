@@ -27,10 +27,10 @@ constexpr QStringView SearchTitle = u"注文番号 検索...";
 
 // The order's data that a new delivery takes over; its delivery key number starts as the order number.
 constexpr FieldColumn CopiedTexts[] = {
-    {u"txtCustomCode", C::F00004}, {u"txtMyCode", C::F00005},  {u"txtOrderNo", C::F00007},
-    {u"txtPaymentKeyNo", C::F00007}, {u"txtTantoA", C::F00018}, {u"txtTantoK", C::F00260},
-    {u"txtPlaceA", C::F00160},     {u"txtPlaceK", C::F00274},  {u"txtHCode", C::F00024},
-    {u"txtMyHCode", C::F00023},    {u"txtHinmeiA", C::F00022}, {u"txtHinmeiK", C::F00262},
+    {u"txtCustomCode", C::F00004},   {u"txtMyCode", C::F00005},  {u"txtOrderNo", C::F00007},
+    {u"txtPaymentKeyNo", C::F00007}, {u"txtTantoA", C::F00018},  {u"txtTantoK", C::F00260},
+    {u"txtPlaceA", C::F00160},       {u"txtPlaceK", C::F00274},  {u"txtHCode", C::F00024},
+    {u"txtMyHCode", C::F00023},      {u"txtHinmeiA", C::F00022}, {u"txtHinmeiK", C::F00262},
 };
 constexpr FieldColumn CopiedAmounts[] = {{u"txtAmountOrder", C::F00015}, {u"txtAmountIndicate", C::F00032}};
 
@@ -45,7 +45,8 @@ void startPackages(frmData& form, const CustomerList& customers, const DeliveryR
     }
     frame->show();
     form.selectPackageMode(1);
-    form.control<QLineEdit>(u"txtQuantity"_s)->setText(form.control<QLineEdit>(u"txtAmountDelivery"_s)->text());
+    form.control<QLineEdit>(u"txtQuantity"_s)
+        ->setText(form.control<QLineEdit>(u"txtAmountDelivery"_s)->text());
 }
 
 // Copies the found record's order data into the new record, statement by statement: a Null or bad
@@ -54,7 +55,8 @@ void startPackages(frmData& form, const CustomerList& customers, const DeliveryR
 void FillFromFoundRecord(frmData& form, const DeliveryRecord& record)
 {
     step([&] {
-        FindComboItem(form.control<QComboBox>(u"cobCustomer"_s), QString::number(record.integer(C::IDCustomer).value()));
+        FindComboItem(form.control<QComboBox>(u"cobCustomer"_s),
+                      QString::number(record.integer(C::IDCustomer).value()));
     });
     fillTexts(form, record, CopiedTexts);
     step([&] {
@@ -63,7 +65,9 @@ void FillFromFoundRecord(frmData& form, const DeliveryRecord& record)
     });
     fillNumbers(form, record, CopiedAmounts);
     fillTexts(form, record, fields::unitAndInspection());
-    step([&] { fill(form, u"txtUnitPrice", plainNumber(record, C::F00013)); }); // the yen price, whatever the currency
+    step([&] {
+        fill(form, u"txtUnitPrice", plainNumber(record, C::F00013));
+    }); // the yen price, whatever the currency
     fillTaxIncluded(form, record);
     fillTexts(form, record, fields::remarks());
     step([&] {

@@ -67,7 +67,8 @@ bool hidesPackageFrame(const CustomerList& customers, const DeliveryRecord& reco
     const auto customer = id ? customers.ByKey(QString::number(*id)) : nullptr;
     if (!customer)
         return false;
-    return customer->Settings().NoQuantityBreakdown() || customer->Settings().DisplayOptions().HideQuantityFrame();
+    return customer->Settings().NoQuantityBreakdown() ||
+           customer->Settings().DisplayOptions().HideQuantityFrame();
 }
 
 void showPackages(frmData& form, db::Database& database, const CustomerList& customers,
@@ -97,9 +98,12 @@ void showPackages(frmData& form, db::Database& database, const CustomerList& cus
         });
 }
 
-void showRecord(frmData& form, db::Database& database, const CustomerList& customers, const DeliveryRecord& record)
+void showRecord(frmData& form, db::Database& database, const CustomerList& customers,
+                const DeliveryRecord& record)
 {
-    step([&] { FindComboItem(form.control<QComboBox>(QStringLiteral("cobCustomer")), record.text(C::F00004).value()); });
+    step([&] {
+        FindComboItem(form.control<QComboBox>(QStringLiteral("cobCustomer")), record.text(C::F00004).value());
+    });
     step([&] { form.ClearEntryForm(); });
     fillTexts(form, record, fields::orderTexts());
     for (const auto& f : fields::dates())
@@ -113,7 +117,9 @@ void showRecord(frmData& form, db::Database& database, const CustomerList& custo
     });
     showCurrencyAndPrice(form, record);
     fillTexts(form, record, fields::remarks());
-    step([&] { form.control<QLabel>(QStringLiteral("lblInfo"))->setText(u'[' + recordKindCaption(record) + u']'); });
+    step([&] {
+        form.control<QLabel>(QStringLiteral("lblInfo"))->setText(u'[' + recordKindCaption(record) + u']');
+    });
     step([&] { applyViewOnly(form, form.company().ViewOnly()); });
     step([&] {
         if (form.company().UseQuantityBreakdown())

@@ -15,13 +15,14 @@ namespace {
 using C = DeliveryColumn;
 
 constexpr FieldColumn OrderTexts[] = {
-    {u"txtIDData", C::IDData},      {u"txtCustomCode", C::F00004}, {u"txtMyCode", C::F00005},
-    {u"txtOrderNo", C::F00007},     {u"txtPaymentKeyNo", C::F00159}, {u"txtTantoA", C::F00018},
-    {u"txtTantoK", C::F00260},      {u"txtPlaceC", C::F00028},     {u"txtPlaceA", C::F00160},
-    {u"txtPlaceK", C::F00274},      {u"txtHCode", C::F00024},      {u"txtMyHCode", C::F00023},
-    {u"txtHinmeiA", C::F00022},     {u"txtHinmeiK", C::F00262},
+    {u"txtIDData", C::IDData},  {u"txtCustomCode", C::F00004},   {u"txtMyCode", C::F00005},
+    {u"txtOrderNo", C::F00007}, {u"txtPaymentKeyNo", C::F00159}, {u"txtTantoA", C::F00018},
+    {u"txtTantoK", C::F00260},  {u"txtPlaceC", C::F00028},       {u"txtPlaceA", C::F00160},
+    {u"txtPlaceK", C::F00274},  {u"txtHCode", C::F00024},        {u"txtMyHCode", C::F00023},
+    {u"txtHinmeiA", C::F00022}, {u"txtHinmeiK", C::F00262},
 };
-constexpr FieldColumn Dates[] = {{u"txtDate(0)", C::F00031}, {u"txtDate(1)", C::F00039}, {u"txtDate(2)", C::F00040}};
+constexpr FieldColumn Dates[] = {
+    {u"txtDate(0)", C::F00031}, {u"txtDate(1)", C::F00039}, {u"txtDate(2)", C::F00040}};
 constexpr FieldColumn Quantities[] = {
     {u"txtAmountOrder", C::F00015}, {u"txtAmountIndicate", C::F00032}, {u"txtAmountDelivery", C::F00036}};
 constexpr FieldColumn UnitAndInspection[] = {{u"txtUnit", C::F00012}, {u"txtKensa", C::F00029}};
@@ -93,7 +94,9 @@ void fillNumbers(const frmData& form, const DeliveryRecord& record, std::span<co
 
 void fillTaxIncluded(const frmData& form, const DeliveryRecord& record)
 {
-    step([&] { form.control<QCheckBox>(QStringLiteral("chkTaxType"))->setChecked(record.integer(C::F00057) == 1); });
+    step([&] {
+        form.control<QCheckBox>(QStringLiteral("chkTaxType"))->setChecked(record.integer(C::F00057) == 1);
+    });
 }
 
 } // namespace tolvinpt

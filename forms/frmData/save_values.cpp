@@ -35,7 +35,8 @@ QVariant dateOf(const QString& text)
 {
     if (text.isEmpty())
         return {};
-    const QDate date = QDate::fromString(text.left(4) + u'-' + text.mid(4, 2) + u'-' + text.right(2), u"yyyy-MM-dd"_s);
+    const QDate date =
+        QDate::fromString(text.left(4) + u'-' + text.mid(4, 2) + u'-' + text.right(2), u"yyyy-MM-dd"_s);
     if (!date.isValid())
         throw typeMismatch();
     return date;

@@ -14,9 +14,10 @@ protected:
     void SetUp() override
     {
         EntryCall::SetUp();
-        temp.db().execute(u"UPDATE T_Delivery SET F00007 = 'ORD', F00024 = 'HC', F00015 = 5, F00036 = 5, "
-                          u"F00031 = '2005-03-01', F00039 = '2005-03-07', F00040 = '2005-03-09', F00059 = '1', "
-                          u"F00281 = '', F00013 = '100', DateDeliveryPrint = '2005-03-08 10:00:00'"_s);
+        temp.db().execute(
+            u"UPDATE T_Delivery SET F00007 = 'ORD', F00024 = 'HC', F00015 = 5, F00036 = 5, "
+            u"F00031 = '2005-03-01', F00039 = '2005-03-07', F00040 = '2005-03-09', F00059 = '1', "
+            u"F00281 = '', F00013 = '100', DateDeliveryPrint = '2005-03-08 10:00:00'"_s);
     }
     QString stored(qint64 id, DeliveryColumn column)
     {
@@ -32,8 +33,8 @@ protected:
     static void fillNewRecord(frmData& form, const QString& key)
     {
         const std::pair<const char16_t*, QString> values[] = {
-            {u"txtOrderNo", u"PO-1"_s},     {u"txtPaymentKeyNo", key},         {u"txtHCode", u"HC"_s},
-            {u"txtAmountOrder", u"2"_s},    {u"txtAmountDelivery", u"2"_s},    {u"txtDate(0)", u"20050401"_s},
+            {u"txtOrderNo", u"PO-1"_s},     {u"txtPaymentKeyNo", key},      {u"txtHCode", u"HC"_s},
+            {u"txtAmountOrder", u"2"_s},    {u"txtAmountDelivery", u"2"_s}, {u"txtDate(0)", u"20050401"_s},
             {u"txtDate(1)", u"20050402"_s},
         };
         for (const auto& [field, value] : values)
@@ -49,7 +50,8 @@ TEST_F(SaveFlow, TheTypicalCorrectionIsSavedWhenTheOperatorMovesOn)
         auto* ship = form.control<QLineEdit>(u"txtDate(1)"_s);
         type(ship, u"050310"_s);
         QTest::keyClick(ship, Qt::Key_Tab);
-        messages.expectShown({test::okMessage(u"出荷日と納入日の日付が矛盾しているため自動修正します", u"日付入力ﾁｪｯｸ")});
+        messages.expectShown(
+            {test::okMessage(u"出荷日と納入日の日付が矛盾しているため自動修正します", u"日付入力ﾁｪｯｸ")});
         EXPECT_EQ(form.control<QLineEdit>(u"txtDate(2)"_s)->text(), u"20050310"_s);
 
         form.toolbar1()->button(u"進む"_s)->click(); // asks; Yes saves and moves on

@@ -25,8 +25,9 @@ protected:
     QString storedRemark(qint64 id) { return row(id)->text(C::F00164).value_or(u"NULL"_s); }
 };
 
-const Message Leave = {u"内容が変更されています\r\n\r\n変更内容を保存しますか"_s, u"変更保存..."_s, QMessageBox::Question,
-                       QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes};
+const Message Leave = {u"内容が変更されています\r\n\r\n変更内容を保存しますか"_s, u"変更保存..."_s,
+                       QMessageBox::Question, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
+                       QMessageBox::Yes};
 
 TEST_F(Commands, LeavingAChangedRecordAsksAndFollowsTheAnswer)
 {
@@ -121,7 +122,8 @@ TEST_F(Commands, DetailChangeTogglesTheOrderFields)
     for (const bool locked : {false, true}) {
         run(u"mnuDataDetail"_s);
         for (const char16_t* field : {u"txtOrderNo", u"txtPaymentKeyNo", u"cobCustomer", u"txtDate(0)"})
-            EXPECT_EQ(isLocked(control(QString::fromUtf16(field))), locked) << QString::fromUtf16(field).toStdString();
+            EXPECT_EQ(isLocked(control(QString::fromUtf16(field))), locked)
+                << QString::fromUtf16(field).toStdString();
     }
 }
 
@@ -151,13 +153,14 @@ TEST_F(Commands, RunTimeErrorsAreReportedOrTrappedAsEachCommandSays)
         bool reported;
     };
     const Case cases[] = {
-        {"the change save traps quietly", false, [](frmData& f) { f.menuItem(u"mnuDataSave"_s)->trigger(); }, false},
+        {"the change save traps quietly", false, [](frmData& f) { f.menuItem(u"mnuDataSave"_s)->trigger(); },
+         false},
         {"the question before leaving treats it as stay", false,
          [](frmData& f) { f.menuItem(u"mnuDataNext"_s)->trigger(); }, false},
         {"the new-record save from its menu reports it", true,
          [](frmData& f) { f.menuItem(u"mnuNewDataSave"_s)->trigger(); }, true},
-        {"the toolbar goes on without a word", true, [](frmData& f) { f.toolbar2()->button(u"新規保存"_s)->click(); },
-         false},
+        {"the toolbar goes on without a word", true,
+         [](frmData& f) { f.toolbar2()->button(u"新規保存"_s)->click(); }, false},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
@@ -179,7 +182,9 @@ TEST_F(Commands, RunTimeErrorsAreReportedOrTrappedAsEachCommandSays)
         }
         QList<Message> seen = messages.shown;
         messages.shown.clear();
-        seen.removeIf([](const Message& m) { return m.icon == QMessageBox::Question || m.title.contains(u"注文数量"); });
+        seen.removeIf([](const Message& m) {
+            return m.icon == QMessageBox::Question || m.title.contains(u"注文数量");
+        });
         EXPECT_EQ(seen.size(), c.reported ? 1 : 0);
         if (c.reported) {
             EXPECT_EQ(seen[0].text, locked.text);
@@ -232,9 +237,16 @@ TEST_F(Commands, OrderSearchPrefillsANewDeliveryOfTheOrder)
         QString found; // the order number copied, empty when nothing is found
     };
     const Case cases[] = {
-        {u"A-100   "_s, u"A-100"_s}, {u"a-100"_s, u"A-100"_s}, {u" A-100"_s, {}},  {u"A*"_s, u"A-200"_s},
-        {u"B%"_s, {}},               {u"B_1"_s, {}},           {u"B%1"_s, u"B%1"_s}, {u"Q\"1"_s, u"Q\"1"_s},
-        {u"W-1"_s, u"W-1"_s},        {u"X-1"_s, {}},
+        {u"A-100   "_s, u"A-100"_s},
+        {u"a-100"_s, u"A-100"_s},
+        {u" A-100"_s, {}},
+        {u"A*"_s, u"A-200"_s},
+        {u"B%"_s, {}},
+        {u"B_1"_s, {}},
+        {u"B%1"_s, u"B%1"_s},
+        {u"Q\"1"_s, u"Q\"1"_s},
+        {u"W-1"_s, u"W-1"_s},
+        {u"X-1"_s, {}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.typed.toStdString());
@@ -252,10 +264,12 @@ TEST_F(Commands, OrderSearchPrefillsANewDeliveryOfTheOrder)
         }
         EXPECT_TRUE(messages.shown.isEmpty());
         EXPECT_EQ(shown(u"txtOrderNo"_s), c.found);
-        EXPECT_EQ(shown(u"txtPaymentKeyNo"_s), c.found) << "a new delivery starts with the order number as its key";
+        EXPECT_EQ(shown(u"txtPaymentKeyNo"_s), c.found)
+            << "a new delivery starts with the order number as its key";
         EXPECT_EQ(shown(u"txtUnitPrice"_s), u"250"_s);
         EXPECT_EQ(shown(u"txtPlaceC"_s), u"KEPT"_s) << "not copied";
-        EXPECT_EQ(shown(u"txtHinmeiA"_s), c.found == u"A-100" ? u"BOLT"_s : u"KEPT"_s) << "a Null column leaves it";
+        EXPECT_EQ(shown(u"txtHinmeiA"_s), c.found == u"A-100" ? u"BOLT"_s : u"KEPT"_s)
+            << "a Null column leaves it";
         if (c.found == u"A-100") {
             EXPECT_EQ(shown(u"txtDate(0)"_s), QDate::currentDate().toString(u"yyyyMMdd"_s));
         }

@@ -58,7 +58,8 @@ protected:
     {
         FormTest::SetUp();
         host.connectionName = temp.connectionName();
-        for (const auto& [id, code, name] : {std::tuple{1, u"1234"_s, u"東京電機"_s}, {2, u"5678"_s, u"大阪商事"_s}}) {
+        for (const auto& [id, code, name] :
+             {std::tuple{1, u"1234"_s, u"東京電機"_s}, {2, u"5678"_s, u"大阪商事"_s}}) {
             FakeCustomerData& customer = host.customers.emplace_back();
             customer.id = id;
             customer.code = code;
@@ -80,10 +81,19 @@ protected:
         using C = DeliveryColumn;
         DeliveryRecord record;
         const Columns complete = {
-            {C::IDCustomer, qint64(customer)}, {C::F00004, customer == 1 ? u"1234"_s : u"5678"_s},
-            {C::F00007, u"ORD-1"_s}, {C::F00159, u"KEY-1"_s}, {C::F00024, u"HC-1"_s},
-            {C::F00031, u"2005-03-01"_s}, {C::F00039, u"2005-03-07"_s}, {C::F00040, u"2005-03-09"_s},
-            {C::F00015, 10.0}, {C::F00036, 10.0}, {C::F00059, u"1"_s}, {C::F00281, u""_s}, {C::F00013, u"100"_s},
+            {C::IDCustomer, qint64(customer)},
+            {C::F00004, customer == 1 ? u"1234"_s : u"5678"_s},
+            {C::F00007, u"ORD-1"_s},
+            {C::F00159, u"KEY-1"_s},
+            {C::F00024, u"HC-1"_s},
+            {C::F00031, u"2005-03-01"_s},
+            {C::F00039, u"2005-03-07"_s},
+            {C::F00040, u"2005-03-09"_s},
+            {C::F00015, 10.0},
+            {C::F00036, 10.0},
+            {C::F00059, u"1"_s},
+            {C::F00281, u""_s},
+            {C::F00013, u"100"_s},
         };
         for (const auto& columnValues : {complete, columns})
             for (const auto& [column, value] : columnValues)

@@ -2,8 +2,8 @@
 // it cannot write.
 #include "entry_fixture.h"
 
-#include "platform/field_state.h"
 #include "forms/keyed_toolbar.h"
+#include "platform/field_state.h"
 #include "store/package_quantities.h"
 
 #include <QToolButton>
@@ -24,7 +24,8 @@ Message question(QStringView text, QStringView title)
 }
 
 const Message ZeroOrder = test::okMessage(u"注文数量が ｾﾞﾛ です", u"[注文数量] - 入力ﾁｪｯｸ");
-const Message Incomplete = question(u"必要項目が入力されていませんが、保存してよろしいですか", u"再確認...入力ﾁｪｯｸ");
+const Message Incomplete =
+    question(u"必要項目が入力されていませんが、保存してよろしいですか", u"再確認...入力ﾁｪｯｸ");
 const Message Duplicate = test::okMessage(u"同一の納品ｷｰ番号が存在します", u"重複ﾁｪｯｸ");
 
 class Save : public test::EntryFormTest
@@ -207,8 +208,10 @@ TEST_F(Save, CurrencyPriceAndTaxAreStoredByTheirRules)
         QString f00281, f00013, f00282, f00057;
     };
     const Case cases[] = {
-        {"yen with blanks around the code", u" JPY "_s, u"1,234.5"_s, false, u""_s, u"1234.5"_s, u"0"_s, u"2"_s},
-        {"a foreign price keeps five decimals", u"USD"_s, u"1234.56789"_s, true, u"USD"_s, u"0"_s, u"1234.56789"_s, u"1"_s},
+        {"yen with blanks around the code", u" JPY "_s, u"1,234.5"_s, false, u""_s, u"1234.5"_s, u"0"_s,
+         u"2"_s},
+        {"a foreign price keeps five decimals", u"USD"_s, u"1234.56789"_s, true, u"USD"_s, u"0"_s,
+         u"1234.56789"_s, u"1"_s},
         {"an unlisted code", u"XYZ"_s, u"7"_s, false, u"XYZ"_s, u"0"_s, u"7"_s, u"2"_s},
     };
     for (const Case& c : cases) {
@@ -222,8 +225,8 @@ TEST_F(Save, CurrencyPriceAndTaxAreStoredByTheirRules)
         run(u"mnuDataSave"_s);
         EXPECT_TRUE(messages.shown.isEmpty());
         const auto record = row(id);
-        EXPECT_EQ((QStringList{stored(*record, C::F00281), stored(*record, C::F00013), stored(*record, C::F00282),
-                               stored(*record, C::F00057)}),
+        EXPECT_EQ((QStringList{stored(*record, C::F00281), stored(*record, C::F00013),
+                               stored(*record, C::F00282), stored(*record, C::F00057)}),
                   (QStringList{c.f00281, c.f00013, c.f00282, c.f00057}));
         EXPECT_EQ(record->integer(C::QuantityType), 1) << "the record's save writes its package mode too";
     }
@@ -232,7 +235,9 @@ TEST_F(Save, CurrencyPriceAndTaxAreStoredByTheirRules)
 TEST_F(Save, PackageRowsAreRewrittenAndEachSaveClearsItsPrintDate)
 {
     const QString printed = u"2005-03-10 09:00:00"_s;
-    const Columns packed = {{C::QuantityType, 3}, {C::F00036, 6.0}, {C::DateDeliveryPrint, printed},
+    const Columns packed = {{C::QuantityType, 3},
+                            {C::F00036, 6.0},
+                            {C::DateDeliveryPrint, printed},
                             {C::DateLabelPrint, printed}};
     struct Case
     {
@@ -247,7 +252,10 @@ TEST_F(Save, PackageRowsAreRewrittenAndEachSaveClearsItsPrintDate)
              click(control(u"optQuantity(2)"_s));
              set(u"txtQuantity"_s, u"2.5"_s);
          },
-         u"2"_s, u"2.5"_s, printed, {}},
+         u"2"_s,
+         u"2.5"_s,
+         printed,
+         {}},
         {"individual packages up to the first zero",
          [&] {
              click(control(u"optQuantity(1)"_s));
@@ -255,16 +263,27 @@ TEST_F(Save, PackageRowsAreRewrittenAndEachSaveClearsItsPrintDate)
              gPackageQty[1] = Currency::fromInteger(4);
              gPackageQty[3] = Currency::fromInteger(9); // after a zero: not stored
          },
-         u"3"_s, u"0"_s, printed, {u"6"_s, u"4"_s}},
+         u"3"_s,
+         u"0"_s,
+         printed,
+         {u"6"_s, u"4"_s}},
         // The delivery quantity that the display filled in counts as typed until its field is entered:
         // the save's check of it puts the packages back to one.
-        {"a changed record clears both dates", [&] { set(u"txtMyRemarksA"_s, u"M"_s); }, u"1"_s, u"6"_s, u"NULL"_s, {}},
+        {"a changed record clears both dates",
+         [&] { set(u"txtMyRemarksA"_s, u"M"_s); },
+         u"1"_s,
+         u"6"_s,
+         u"NULL"_s,
+         {}},
         {"as it does after the delivery quantity was entered",
          [&] {
              enter(u"txtAmountDelivery"_s);
              set(u"txtMyRemarksA"_s, u"M"_s);
          },
-         u"3"_s, u"0"_s, u"NULL"_s, {u"1"_s, u"2"_s, u"3"_s}},
+         u"3"_s,
+         u"0"_s,
+         u"NULL"_s,
+         {u"1"_s, u"2"_s, u"3"_s}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
@@ -308,12 +327,16 @@ TEST_F(Save, ADatabaseFaultIsShownAndTheFormKeepsEverythingForTheNextTry)
         {"a trigger that refuses",
          [&] {
              return std::make_unique<test::SecondConnection>(
-                 temp, std::initializer_list<QString>{u"CREATE TRIGGER refuse BEFORE UPDATE ON T_Delivery "
-                                                      u"BEGIN SELECT RAISE(ABORT, 'no writes today'); END"_s});
+                 temp,
+                 std::initializer_list<QString>{u"CREATE TRIGGER refuse BEFORE UPDATE ON T_Delivery "
+                                                u"BEGIN SELECT RAISE(ABORT, 'no writes today'); END"_s});
          },
          u"no writes today (1811)"_s},
         {"another connection holding the write lock",
-         [&] { return std::make_unique<test::SecondConnection>(temp, std::initializer_list<QString>{u"BEGIN IMMEDIATE"_s}); },
+         [&] {
+             return std::make_unique<test::SecondConnection>(
+                 temp, std::initializer_list<QString>{u"BEGIN IMMEDIATE"_s});
+         },
          u"database is locked (5)"_s},
     };
     for (const Fault& fault : faults) {
@@ -346,10 +369,12 @@ TEST_F(Save, ARecordChangedOrDeletedByAnotherOperatorIsNotOverwritten)
     const qint64 id = insert();
     open(id);
     set(u"txtMyRemarksA"_s, u"MINE"_s);
-    test::SecondConnection other(temp, {u"UPDATE T_Delivery SET F00164 = 'THEIRS' WHERE IDData = "_s + QString::number(id)});
-    const Message changed = question(u"このﾃﾞｰﾀは、表示した後に他の担当者が変更しました\r\n\r\n入力した内容は保存されていません\r\n\r\n"
-                                     u"他の担当者が保存した内容を表示しますか\r\n(「いいえ」: 入力した内容をそのまま残します)",
-                                     u"ﾃﾞｰﾀの保存");
+    test::SecondConnection other(
+        temp, {u"UPDATE T_Delivery SET F00164 = 'THEIRS' WHERE IDData = "_s + QString::number(id)});
+    const Message changed = question(
+        u"このﾃﾞｰﾀは、表示した後に他の担当者が変更しました\r\n\r\n入力した内容は保存されていません\r\n\r\n"
+        u"他の担当者が保存した内容を表示しますか\r\n(「いいえ」: 入力した内容をそのまま残します)",
+        u"ﾃﾞｰﾀの保存");
     run(u"mnuDataSave"_s); // No, by default: the typed values stay
     messages.expectShown({changed});
     EXPECT_EQ(shown(u"txtMyRemarksA"_s), u"MINE"_s);
@@ -375,15 +400,17 @@ TEST_F(Save, ARecordChangedOrDeletedByAnotherOperatorIsNotOverwritten)
     insertPackageRows(temp.db(), id, {u"4"_s, u"6"_s});
     open(id);
     set(u"txtMyRemarksA"_s, u"MINE"_s);
-    other.exec(u"UPDATE T_DeliveryQTY SET Quantity = 5 WHERE Sequence = 2 AND IDData = "_s + QString::number(id));
+    other.exec(u"UPDATE T_DeliveryQTY SET Quantity = 5 WHERE Sequence = 2 AND IDData = "_s +
+               QString::number(id));
     run(u"mnuDataSave"_s);
     messages.expectShown({changed});
 
     set(u"txtMyRemarksA"_s, u"LOST?"_s);
     other.exec(u"DELETE FROM T_Delivery WHERE IDData = "_s + QString::number(id));
     run(u"mnuDataSave"_s);
-    messages.expectShown({test::okMessage(u"このﾃﾞｰﾀは、表示した後に他の担当者が削除しました\r\n\r\n入力した内容は保存されていません",
-                                          u"ﾃﾞｰﾀの保存")});
+    messages.expectShown({test::okMessage(
+        u"このﾃﾞｰﾀは、表示した後に他の担当者が削除しました\r\n\r\n入力した内容は保存されていません",
+        u"ﾃﾞｰﾀの保存")});
     EXPECT_EQ(shown(u"txtMyRemarksA"_s), u"LOST?"_s);
     EXPECT_FALSE(row(id));
 }
@@ -395,7 +422,8 @@ namespace {
 TEST_F(Save, HostileTextsAreStoredAndShownAgainUnchanged)
 {
     const QString texts[] = {
-        u"say \"hi\" 'there'"_s, u"[a-z]*?#!"_s, u"50%_off\\n"_s, u"\u200Fright-to-left"_s, u"😀 ok"_s, u"\"; DROP --"_s,
+        u"say \"hi\" 'there'"_s,  u"[a-z]*?#!"_s, u"50%_off\\n"_s,
+        u"\u200Fright-to-left"_s, u"😀 ok"_s,      u"\"; DROP --"_s,
     };
     for (const QString& value : texts) {
         SCOPED_TRACE(value.toStdString());
