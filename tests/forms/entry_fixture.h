@@ -58,12 +58,9 @@ protected:
     {
         FormTest::SetUp();
         host.connectionName = temp.connectionName();
-        for (const auto& [id, code, name] :
-             {std::tuple{1, u"1234"_s, u"東京電機"_s}, {2, u"5678"_s, u"大阪商事"_s}}) {
+        for (const auto& [id, code] : {std::pair{1, u"1234"_s}, {2, u"5678"_s}}) {
             FakeCustomerData& customer = host.customers.emplace_back();
-            customer.id = id;
-            customer.code = code;
-            customer.name = name;
+            std::tie(customer.id, customer.code, customer.name) = std::tuple(id, code, u"得意先"_s + code);
         }
         host.customers[1].lenientEntry = true;
         temp.db().execute(u"PRAGMA busy_timeout = 0"_s); // a lock fails at once
@@ -80,40 +77,28 @@ protected:
     {
         using C = DeliveryColumn;
         DeliveryRecord record;
+        // clang-format off
         const Columns complete = {
-            {C::IDCustomer, qint64(customer)},
-            {C::F00004, customer == 1 ? u"1234"_s : u"5678"_s},
-            {C::F00007, u"ORD-1"_s},
-            {C::F00159, u"KEY-1"_s},
-            {C::F00024, u"HC-1"_s},
-            {C::F00031, u"2005-03-01"_s},
-            {C::F00039, u"2005-03-07"_s},
-            {C::F00040, u"2005-03-09"_s},
-            {C::F00015, 10.0},
-            {C::F00036, 10.0},
-            {C::F00059, u"1"_s},
-            {C::F00281, u""_s},
-            {C::F00013, u"100"_s},
+            {C::IDCustomer, qint64(customer)}, {C::F00004, customer == 1 ? u"1234"_s : u"5678"_s},
+            {C::F00007, u"ORD-1"_s}, {C::F00159, u"KEY-1"_s}, {C::F00024, u"HC-1"_s}, {C::F00031, u"2005-03-01"_s},
+            {C::F00039, u"2005-03-07"_s}, {C::F00040, u"2005-03-09"_s}, {C::F00015, 10.0}, {C::F00036, 10.0},
+            {C::F00059, u"1"_s}, {C::F00281, u""_s}, {C::F00013, u"100"_s},
         };
+        // clang-format on
         for (const auto& columnValues : {complete, columns})
             for (const auto& [column, value] : columnValues)
                 record.set(column, value);
         return insertDeliveryRecord(temp.db(), record);
     }
 
-    // The form on record `id` in browse mode, shown and active.
+    // The form on record `id` in browse mode, or in new-record mode; shown and active.
     void open(qint64 id)
     {
-        prepare();
-        ShowDeliveryRecord(*form, temp.db(), link->customers(), id);
-        showForm();
+        prepare([&] { ShowDeliveryRecord(*form, temp.db(), link->customers(), id); });
     }
-    // The form in new-record mode, shown and active.
     void openNewRecord()
     {
-        prepare();
-        form->gNewStart();
-        showForm();
+        prepare([&] { form->gNewStart(); });
     }
 
     std::optional<DeliveryRecord> row(qint64 id) { return readDeliveryRecord(temp.db(), id); }
@@ -126,16 +111,14 @@ protected:
     std::unique_ptr<TestLink> link;
 
 private:
-    void prepare()
+    void prepare(const std::function<void()>& start)
     {
         load();
         auto customers = hostObjects().CreateCustomerList();
         FillCustomerCombo(*form, *customers);
         link = std::make_unique<TestLink>(temp.db(), customers);
         form->setEntryLink(link.get());
-    }
-    void showForm()
-    {
+        start();
         form->show();
         form->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));

@@ -1,5 +1,5 @@
 // Saving the record on screen: the checks before it, what it writes, and what the operator sees when
-// it cannot write.
+// it cannot write. (The store's own rules, such as the duplicate lookup's, are tested with the store.)
 #include "entry_fixture.h"
 
 #include "forms/keyed_toolbar.h"
@@ -15,7 +15,8 @@ using C = tolvinpt::DeliveryColumn;
 namespace {
 
 using test::Columns;
-using Edits = std::vector<std::pair<QString, QString>>;
+using test::okMessage;
+using A = QMessageBox::StandardButton;
 
 Message question(QStringView text, QStringView title)
 {
@@ -23,68 +24,74 @@ Message question(QStringView text, QStringView title)
             QMessageBox::No};
 }
 
-const Message ZeroOrder = test::okMessage(u"注文数量が ｾﾞﾛ です", u"[注文数量] - 入力ﾁｪｯｸ");
+const Message ZeroOrder = okMessage(u"注文数量が ｾﾞﾛ です", u"[注文数量] - 入力ﾁｪｯｸ");
 const Message Incomplete =
     question(u"必要項目が入力されていませんが、保存してよろしいですか", u"再確認...入力ﾁｪｯｸ");
-const Message Duplicate = test::okMessage(u"同一の納品ｷｰ番号が存在します", u"重複ﾁｪｯｸ");
 
-class Save : public test::EntryFormTest
+// The stored value of a column as text; "NULL" for Null.
+QString stored(const DeliveryRecord& record, DeliveryColumn column)
 {
-};
+    return record.isNull(column) ? u"NULL"_s : record.value(column).toString();
+}
+
+using Save = test::EntryFormTest;
 
 TEST_F(Save, ChecksRefuseOrWarnInTheirOrderAndPutTheFocusWhereTheFaultIs)
 {
-    using A = QMessageBox::StandardButton;
-    const auto ok = [](const char16_t* text, const char16_t* title) { return test::okMessage(text, title); };
     struct Case
     {
         const char* what;
         long customer;
-        Columns stored;
-        Edits edits; // none: only the package mode changes
+        Columns stored, other; // the record on screen, and another record when there is one
+        std::vector<std::pair<QString, QString>> edits; // none: only the package mode changes
         std::deque<A> answers;
-        std::vector<Message> expected;
-        const char* focus; // where the focus ends, nullptr when the record was saved
+        QList<Message> expected;
+        const char* focus; // where the focus ends; nullptr when the record was saved, "" not checked
         bool stillLocked = false;
     };
     // clang-format off
     const Case cases[] = {
-        {"order number required; its field is not opened", 1, {}, {{u"txtOrderNo"_s, u"   "_s}}, {},
-         {ok(u"注文番号は必須入力です", u"[注文番号] - 入力ﾁｪｯｸ")}, "txtOrderNo", true},
-        {"delivery key number required", 1, {}, {{u"txtPaymentKeyNo"_s, u""_s}}, {},
-         {ok(u"納品ｷｰ番号は必須入力です", u"[納品ｷｰ番号] - 入力ﾁｪｯｸ")}, "txtPaymentKeyNo"},
-        {"item code or an item name required", 1, {}, {{u"txtHCode"_s, u" "_s}}, {},
-         {ok(u"発注者品名ｺｰﾄﾞ、または品名は必須入力です", u"[発注者品名ｺｰﾄﾞ] - 入力ﾁｪｯｸ")}, "txtHCode"},
-        {"one item name is enough", 1, {}, {{u"txtHCode"_s, u""_s}, {u"txtHinmeiK"_s, u"品名"_s}}, {}, {}, nullptr},
-        {"order quantity above the largest", 1, {{C::F00015, 2e9}}, {}, {},
-         {ok(u"注文数量の最大値は 999,999,999.999 です", u"[注文数量] - 入力ﾁｪｯｸ")}, "txtAmountOrder"},
-        {"zero order quantity warns; No saves nothing", 1, {}, {{u"txtAmountOrder"_s, u"0"_s}}, {A::Ok, A::No},
-         {ZeroOrder, Incomplete}, "txtAmountOrder", true}, // a warning opens nothing
-        {"zero order quantity warns; Yes saves", 1, {}, {{u"txtAmountOrder"_s, u"0"_s}}, {A::Ok, A::Yes},
+        {"order number required; its field is not opened", 1, {}, {}, {{u"txtOrderNo"_s, u"   "_s}}, {},
+         {okMessage(u"注文番号は必須入力です", u"[注文番号] - 入力ﾁｪｯｸ")}, "txtOrderNo", true},
+        {"delivery key number required", 1, {}, {}, {{u"txtPaymentKeyNo"_s, u""_s}}, {},
+         {okMessage(u"納品ｷｰ番号は必須入力です", u"[納品ｷｰ番号] - 入力ﾁｪｯｸ")}, "txtPaymentKeyNo"},
+        {"item code or an item name required", 1, {}, {}, {{u"txtHCode"_s, u" "_s}}, {},
+         {okMessage(u"発注者品名ｺｰﾄﾞ、または品名は必須入力です", u"[発注者品名ｺｰﾄﾞ] - 入力ﾁｪｯｸ")}, "txtHCode"},
+        {"one item name is enough", 1, {}, {}, {{u"txtHCode"_s, u""_s}, {u"txtHinmeiK"_s, u"品名"_s}}, {}, {}, nullptr},
+        {"order quantity above the largest", 1, {{C::F00015, 2e9}}, {}, {}, {},
+         {okMessage(u"注文数量の最大値は 999,999,999.999 です", u"[注文数量] - 入力ﾁｪｯｸ")}, "txtAmountOrder"},
+        {"zero order quantity warns, opening nothing; No saves nothing", 1, {}, {}, {{u"txtAmountOrder"_s, u"0"_s}},
+         {A::Ok, A::No}, {ZeroOrder, Incomplete}, "txtAmountOrder", true},
+        {"zero order quantity warns; Yes saves", 1, {}, {}, {{u"txtAmountOrder"_s, u"0"_s}}, {A::Ok, A::Yes},
          {ZeroOrder, Incomplete}, nullptr},
-        {"negative quantities pass", 1, {}, {{u"txtAmountOrder"_s, u"-5"_s}}, {}, {}, nullptr},
-        {"a lenient customer: zero order quantity and no dates", 2, {},
+        {"negative quantities pass", 1, {}, {}, {{u"txtAmountOrder"_s, u"-5"_s}}, {}, {}, nullptr},
+        {"a lenient customer: zero order quantity and no dates", 2, {}, {},
          {{u"txtAmountOrder"_s, u"0"_s}, {u"txtDate(0)"_s, u""_s}, {u"txtDate(1)"_s, u""_s}}, {}, {}, nullptr},
-        {"zero delivery quantity, even for a lenient customer", 2, {}, {{u"txtAmountDelivery"_s, u"0"_s}}, {},
-         {ok(u"納入数量に ｾﾞﾛ は入力できません", u"[納入数量] - 入力ﾁｪｯｸ")}, "txtAmountDelivery"},
-        {"delivery quantity above the largest", 1, {{C::F00036, 1e10}}, {}, {},
-         {ok(u"納入数量の最大値は 999,999,999.999 です", u"[納入数量] - 入力ﾁｪｯｸ")}, "txtAmountDelivery"},
-        {"the largest delivery quantity", 1, {}, {{u"txtAmountDelivery"_s, u"999999999.999"_s}}, {}, {}, nullptr},
-        {"no due or ship date: two warnings, then the question", 1, {},
+        {"zero delivery quantity, even for a lenient customer", 2, {}, {}, {{u"txtAmountDelivery"_s, u"0"_s}}, {},
+         {okMessage(u"納入数量に ｾﾞﾛ は入力できません", u"[納入数量] - 入力ﾁｪｯｸ")}, "txtAmountDelivery"},
+        {"delivery quantity above the largest", 1, {{C::F00036, 1e10}}, {}, {}, {},
+         {okMessage(u"納入数量の最大値は 999,999,999.999 です", u"[納入数量] - 入力ﾁｪｯｸ")}, "txtAmountDelivery"},
+        {"the largest delivery quantity", 1, {}, {}, {{u"txtAmountDelivery"_s, u"999999999.999"_s}}, {}, {}, nullptr},
+        {"another live record holds the key", 1, {{C::F00159, u"NEW"_s}}, {{C::F00007, u"ord-1"_s}},
+         {{u"txtPaymentKeyNo"_s, u"KEY-1"_s}}, {}, {okMessage(u"同一の納品ｷｰ番号が存在します", u"重複ﾁｪｯｸ")},
+         "txtPaymentKeyNo", true},
+        {"no due or ship date: two warnings, then the question", 1, {}, {},
          {{u"txtDate(0)"_s, u""_s}, {u"txtDate(1)"_s, u""_s}}, {A::Ok, A::Ok, A::Yes},
-         {ok(u"納期が入力されていません", u"[納期] - 入力ﾁｪｯｸ"), ok(u"出荷日が入力されていません", u"[出荷日] - 入力ﾁｪｯｸ"), Incomplete},
+         {okMessage(u"納期が入力されていません", u"[納期] - 入力ﾁｪｯｸ"), okMessage(u"出荷日が入力されていません", u"[出荷日] - 入力ﾁｪｯｸ"), Incomplete},
          nullptr},
-        // The refused due date stops nothing, but keeps the ship date from being tested; the save
-        // then cannot convert it.
-        {"a refused due date, then a date that does not convert", 1, {},
+        // The refused due date stops nothing but keeps the ship date from being tested; the save then
+        // cannot convert it.
+        {"a refused due date, then a date that does not convert", 1, {}, {},
          {{u"txtDate(0)"_s, u"123"_s}, {u"txtDate(1)"_s, u""_s}}, {},
-         {ok(u"日付の入力が不正です\r\n6 桁 または 8 桁で入力してください", u"日付入力ﾁｪｯｸ"),
-          ok(u"Type mismatch (13)", u"ﾃﾞｰﾀの保存")}, ""},
+         {okMessage(u"日付の入力が不正です\r\n6 桁 または 8 桁で入力してください", u"日付入力ﾁｪｯｸ"),
+          okMessage(u"Type mismatch (13)", u"ﾃﾞｰﾀの保存")}, ""},
     };
     // clang-format on
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         exec(u"DELETE FROM T_Delivery"_s);
+        if (!c.other.empty())
+            insert(c.other);
         open(insert(c.stored, c.customer));
         for (const auto& [field, value] : c.edits)
             set(field, value);
@@ -92,71 +99,21 @@ TEST_F(Save, ChecksRefuseOrWarnInTheirOrderAndPutTheFocusWhereTheFaultIs)
             click(control(u"optQuantity(2)"_s));
         messages.answers = c.answers;
         run(u"mnuDataSave"_s);
-        std::vector<Message> seen(messages.shown.begin(), messages.shown.end());
-        messages.shown.clear();
-        ASSERT_EQ(seen.size(), c.expected.size()) << (seen.empty() ? "" : qPrintable(seen[0].text));
-        for (std::size_t i = 0; i < seen.size(); ++i) {
-            EXPECT_EQ(seen[i].text, c.expected[i].text);
-            EXPECT_EQ(seen[i].title, c.expected[i].title);
-            EXPECT_EQ(seen[i].icon, c.expected[i].icon);
-            EXPECT_EQ(seen[i].buttons, c.expected[i].buttons);
-            EXPECT_EQ(seen[i].defaultButton, c.expected[i].defaultButton);
-        }
+        messages.expectShown(c.expected);
         EXPECT_EQ(link->saved.size(), c.focus ? 0 : 1);
         EXPECT_EQ(form->bChanged || form->bChangedQTY, c.focus != nullptr);
         if (c.focus && *c.focus) {
-            QWidget* field = control(QString::fromLatin1(c.focus));
-            EXPECT_EQ(focusedField(), field);
-            EXPECT_EQ(isLocked(field), c.stillLocked);
+            EXPECT_EQ(focusedField(), control(QString::fromLatin1(c.focus)));
+            EXPECT_EQ(isLocked(control(QString::fromLatin1(c.focus))), c.stillLocked);
         }
     }
-}
-
-TEST_F(Save, DuplicateDeliveryKeyOfAnotherLiveRecordIsRefused)
-{
-    struct Case
-    {
-        const char* what;
-        Columns other; // another record
-        bool refused;
-    };
-    const Case cases[] = {
-        {"same key in other letter case", {{C::F00007, u"ord-1"_s}, {C::F00159, u"key-1"_s}}, true},
-        {"in the waste box", {{C::InDustBox, true}}, false},
-        {"another customer's", {{C::IDCustomer, 2}}, false},
-        {"with a trailing blank", {{C::F00159, u"KEY-1 "_s}}, false},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        exec(u"DELETE FROM T_Delivery"_s);
-        insert(c.other);
-        open(insert({{C::F00159, u"NEW"_s}}));
-        run(u"mnuDataDetail"_s);
-        set(u"txtPaymentKeyNo"_s, u"KEY-1"_s);
-        run(u"mnuDataSave"_s);
-        if (c.refused) {
-            messages.expectShown({Duplicate});
-            EXPECT_EQ(focusedField(), control(u"txtPaymentKeyNo"_s));
-        }
-        EXPECT_EQ(link->saved.size(), c.refused ? 0 : 1);
-    }
-}
-
-} // namespace
-
-namespace {
-
-// The stored value of each column as text; "NULL" for Null.
-QString stored(const DeliveryRecord& record, DeliveryColumn column)
-{
-    return record.isNull(column) ? u"NULL"_s : record.value(column).toString();
 }
 
 TEST_F(Save, ANewRecordTypedByHandIsStoredColumnByColumn)
 {
     openNewRecord();
     // clang-format off
-    const Edits typed = {
+    const std::pair<QString, QString> typed[] = {
         {u"txtOrderNo"_s, u"PO-77"_s}, {u"txtPaymentKeyNo"_s, u"PO-77-1"_s}, {u"txtTantoA"_s, u"TA"_s},
         {u"txtTantoK"_s, u"担当"_s}, {u"txtPlaceC"_s, u"PC1"_s}, {u"txtPlaceA"_s, u"DOCK 3"_s},
         {u"txtPlaceK"_s, u"倉庫"_s}, {u"txtHCode"_s, u"HC-9"_s}, {u"txtMyHCode"_s, u"MHC-9"_s},
@@ -200,51 +157,36 @@ TEST_F(Save, ANewRecordTypedByHandIsStoredColumnByColumn)
 
 TEST_F(Save, CurrencyPriceAndTaxAreStoredByTheirRules)
 {
-    struct Case
-    {
-        const char* what;
-        QString currency, price;
-        bool taxIncluded;
-        QString f00281, f00013, f00282, f00057;
+    // currency, price, tax included; then F00281, F00013, F00282, F00057 as stored
+    const QStringList cases[] = {
+        {u" JPY "_s, u"1,234.5"_s, u"off"_s, u""_s, u"1234.5"_s, u"0"_s, u"2"_s}, // blanks around the code
+        {u"USD"_s, u"1234.56789"_s, u"on"_s, u"USD"_s, u"0"_s, u"1234.56789"_s, u"1"_s},
+        {u"XYZ"_s, u"7"_s, u"off"_s, u"XYZ"_s, u"0"_s, u"7"_s, u"2"_s},
     };
-    const Case cases[] = {
-        {"yen with blanks around the code", u" JPY "_s, u"1,234.5"_s, false, u""_s, u"1234.5"_s, u"0"_s,
-         u"2"_s},
-        {"a foreign price keeps five decimals", u"USD"_s, u"1234.56789"_s, true, u"USD"_s, u"0"_s,
-         u"1234.56789"_s, u"1"_s},
-        {"an unlisted code", u"XYZ"_s, u"7"_s, false, u"XYZ"_s, u"0"_s, u"7"_s, u"2"_s},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const QStringList& c : cases) {
+        SCOPED_TRACE(c[0].toStdString());
         exec(u"DELETE FROM T_Delivery"_s);
         const qint64 id = insert({{C::F00057, 1}});
         open(id);
-        combo(u"cobCurrency"_s)->lineEdit()->setText(c.currency);
-        set(u"txtUnitPrice"_s, c.price);
-        form->control<QAbstractButton>(u"chkTaxType"_s)->setChecked(c.taxIncluded);
+        combo(u"cobCurrency"_s)->lineEdit()->setText(c[0]);
+        set(u"txtUnitPrice"_s, c[1]);
+        form->control<QAbstractButton>(u"chkTaxType"_s)->setChecked(c[2] == u"on");
         run(u"mnuDataSave"_s);
-        EXPECT_TRUE(messages.shown.isEmpty());
         const auto record = row(id);
         EXPECT_EQ((QStringList{stored(*record, C::F00281), stored(*record, C::F00013),
                                stored(*record, C::F00282), stored(*record, C::F00057)}),
-                  (QStringList{c.f00281, c.f00013, c.f00282, c.f00057}));
-        EXPECT_EQ(record->integer(C::QuantityType), 1) << "the record's save writes its package mode too";
+                  c.mid(3));
     }
 }
 
 TEST_F(Save, PackageRowsAreRewrittenAndEachSaveClearsItsPrintDate)
 {
     const QString printed = u"2005-03-10 09:00:00"_s;
-    const Columns packed = {{C::QuantityType, 3},
-                            {C::F00036, 6.0},
-                            {C::DateDeliveryPrint, printed},
-                            {C::DateLabelPrint, printed}};
     struct Case
     {
         const char* what;
         std::function<void()> change;
-        QString quantityType, quantity, deliveryPrint;
-        QList<QVariant> rows;
+        QStringList stored; // QuantityType, Quantity, DateDeliveryPrint, then the package rows
     };
     const Case cases[] = {
         {"equal packages: the rows go, the label date is cleared",
@@ -252,10 +194,7 @@ TEST_F(Save, PackageRowsAreRewrittenAndEachSaveClearsItsPrintDate)
              click(control(u"optQuantity(2)"_s));
              set(u"txtQuantity"_s, u"2.5"_s);
          },
-         u"2"_s,
-         u"2.5"_s,
-         printed,
-         {}},
+         {u"2"_s, u"2.5"_s, printed}},
         {"individual packages up to the first zero",
          [&] {
              click(control(u"optQuantity(1)"_s));
@@ -263,48 +202,35 @@ TEST_F(Save, PackageRowsAreRewrittenAndEachSaveClearsItsPrintDate)
              gPackageQty[1] = Currency::fromInteger(4);
              gPackageQty[3] = Currency::fromInteger(9); // after a zero: not stored
          },
-         u"3"_s,
-         u"0"_s,
-         printed,
-         {u"6"_s, u"4"_s}},
-        // The delivery quantity that the display filled in counts as typed until its field is entered:
-        // the save's check of it puts the packages back to one.
+         {u"3"_s, u"0"_s, printed, u"6"_s, u"4"_s}},
+        // The delivery quantity the display filled in counts as typed until its field is entered: the
+        // save's check of it puts the packages back to one.
         {"a changed record clears both dates",
          [&] { set(u"txtMyRemarksA"_s, u"M"_s); },
-         u"1"_s,
-         u"6"_s,
-         u"NULL"_s,
-         {}},
-        {"as it does after the delivery quantity was entered",
-         [&] {
-             enter(u"txtAmountDelivery"_s);
-             set(u"txtMyRemarksA"_s, u"M"_s);
-         },
-         u"3"_s,
-         u"0"_s,
-         u"NULL"_s,
-         {u"1"_s, u"2"_s, u"3"_s}},
+         {u"1"_s, u"6"_s, u"NULL"_s}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         exec(u"DELETE FROM T_Delivery"_s);
-        const qint64 id = insert(packed);
+        const qint64 id = insert({{C::QuantityType, 3},
+                                  {C::F00036, 6.0},
+                                  {C::DateDeliveryPrint, printed},
+                                  {C::DateLabelPrint, printed}});
         insertPackageRows(temp.db(), id, {u"1"_s, u"2"_s, u"3"_s});
         open(id);
         c.change();
         run(u"mnuDataSave"_s);
         const auto record = row(id);
-        EXPECT_EQ((QStringList{stored(*record, C::QuantityType), record->currency(C::Quantity)->toString(),
-                               stored(*record, C::DateDeliveryPrint), stored(*record, C::DateLabelPrint)}),
-                  (QStringList{c.quantityType, c.quantity, c.deliveryPrint, u"NULL"_s}));
-        QList<QVariant> rows;
+        QStringList values{stored(*record, C::QuantityType), record->currency(C::Quantity)->toString(),
+                           stored(*record, C::DateDeliveryPrint)};
         for (const auto& quantity : readPackageRows(temp.db(), id).quantities)
-            rows.append(quantity->toString());
-        EXPECT_EQ(rows, c.rows);
+            values << quantity->toString();
+        EXPECT_EQ(values, c.stored);
+        EXPECT_TRUE(record->isNull(C::DateLabelPrint));
     }
 }
 
-// Every value the operator sees on the form, to compare before and after a save that failed.
+// Every value the operator sees on the form.
 QStringList everyValue(const frmData& form)
 {
     QStringList values;
@@ -317,30 +243,13 @@ QStringList everyValue(const frmData& form)
 
 TEST_F(Save, ADatabaseFaultIsShownAndTheFormKeepsEverythingForTheNextTry)
 {
-    struct Fault
-    {
-        const char* what;
-        std::function<std::unique_ptr<test::SecondConnection>()> arm;
-        QString message;
-    };
-    const Fault faults[] = {
-        {"a trigger that refuses",
-         [&] {
-             return std::make_unique<test::SecondConnection>(
-                 temp,
-                 std::initializer_list<QString>{u"CREATE TRIGGER refuse BEFORE UPDATE ON T_Delivery "
-                                                u"BEGIN SELECT RAISE(ABORT, 'no writes today'); END"_s});
-         },
+    const std::pair<QString, QString> faults[] = {
+        {u"CREATE TRIGGER refuse BEFORE UPDATE ON T_Delivery BEGIN SELECT RAISE(ABORT, 'no writes today'); END"_s,
          u"no writes today (1811)"_s},
-        {"another connection holding the write lock",
-         [&] {
-             return std::make_unique<test::SecondConnection>(
-                 temp, std::initializer_list<QString>{u"BEGIN IMMEDIATE"_s});
-         },
-         u"database is locked (5)"_s},
+        {u"BEGIN IMMEDIATE"_s, u"database is locked (5)"_s}, // another connection holds the write lock
     };
-    for (const Fault& fault : faults) {
-        SCOPED_TRACE(fault.what);
+    for (const auto& [fault, message] : faults) {
+        SCOPED_TRACE(fault.toStdString());
         exec(u"DELETE FROM T_Delivery"_s);
         const qint64 id = insert();
         open(id);
@@ -348,9 +257,9 @@ TEST_F(Save, ADatabaseFaultIsShownAndTheFormKeepsEverythingForTheNextTry)
         click(control(u"optQuantity(2)"_s));
         set(u"txtQuantity"_s, u"2.5"_s);
         const QStringList typed = everyValue(*form);
-        auto other = fault.arm();
+        auto other = std::make_unique<test::SecondConnection>(temp, std::initializer_list<QString>{fault});
         run(u"mnuDataSave"_s);
-        messages.expectShown({test::okMessage(fault.message, u"ﾃﾞｰﾀの保存")});
+        messages.expectShown({okMessage(message, u"ﾃﾞｰﾀの保存")});
         EXPECT_EQ(everyValue(*form), typed);
         EXPECT_TRUE(form->bChanged && form->bChangedQTY);
         EXPECT_EQ(stored(*row(id), C::F00164), u"NULL"_s);
@@ -367,10 +276,10 @@ TEST_F(Save, ADatabaseFaultIsShownAndTheFormKeepsEverythingForTheNextTry)
 TEST_F(Save, ARecordChangedOrDeletedByAnotherOperatorIsNotOverwritten)
 {
     const qint64 id = insert();
+    const QString where = u" WHERE IDData = "_s + QString::number(id);
     open(id);
     set(u"txtMyRemarksA"_s, u"MINE"_s);
-    test::SecondConnection other(
-        temp, {u"UPDATE T_Delivery SET F00164 = 'THEIRS' WHERE IDData = "_s + QString::number(id)});
+    test::SecondConnection other(temp, {u"UPDATE T_Delivery SET F00164 = 'THEIRS'"_s + where});
     const Message changed = question(
         u"このﾃﾞｰﾀは、表示した後に他の担当者が変更しました\r\n\r\n入力した内容は保存されていません\r\n\r\n"
         u"他の担当者が保存した内容を表示しますか\r\n(「いいえ」: 入力した内容をそのまま残します)",
@@ -387,7 +296,7 @@ TEST_F(Save, ARecordChangedOrDeletedByAnotherOperatorIsNotOverwritten)
     EXPECT_EQ(shown(u"txtMyRemarksA"_s), u"THEIRS"_s);
     EXPECT_FALSE(form->bChanged);
 
-    // From the reloaded record on, a save goes through, and so does the next one.
+    // From the reloaded record on a save goes through, and so does the next one.
     for (const QString& value : {u"MINE"_s, u"MINE AGAIN"_s}) {
         set(u"txtMyRemarksA"_s, value);
         run(u"mnuDataSave"_s);
@@ -396,49 +305,35 @@ TEST_F(Save, ARecordChangedOrDeletedByAnotherOperatorIsNotOverwritten)
     }
 
     // Only a package row changed: that is a change too.
-    exec(u"UPDATE T_Delivery SET QuantityType = 3 WHERE IDData = "_s + QString::number(id));
+    exec(u"UPDATE T_Delivery SET QuantityType = 3"_s + where);
     insertPackageRows(temp.db(), id, {u"4"_s, u"6"_s});
     open(id);
     set(u"txtMyRemarksA"_s, u"MINE"_s);
-    other.exec(u"UPDATE T_DeliveryQTY SET Quantity = 5 WHERE Sequence = 2 AND IDData = "_s +
-               QString::number(id));
+    other.exec(u"UPDATE T_DeliveryQTY SET Quantity = 5"_s + where + u" AND Sequence = 2"_s);
     run(u"mnuDataSave"_s);
     messages.expectShown({changed});
 
-    set(u"txtMyRemarksA"_s, u"LOST?"_s);
-    other.exec(u"DELETE FROM T_Delivery WHERE IDData = "_s + QString::number(id));
+    other.exec(u"DELETE FROM T_Delivery"_s + where);
     run(u"mnuDataSave"_s);
-    messages.expectShown({test::okMessage(
+    messages.expectShown({okMessage(
         u"このﾃﾞｰﾀは、表示した後に他の担当者が削除しました\r\n\r\n入力した内容は保存されていません",
         u"ﾃﾞｰﾀの保存")});
-    EXPECT_EQ(shown(u"txtMyRemarksA"_s), u"LOST?"_s);
-    EXPECT_FALSE(row(id));
+    EXPECT_EQ(shown(u"txtMyRemarksA"_s), u"MINE"_s);
 }
-
-} // namespace
-
-namespace {
 
 TEST_F(Save, HostileTextsAreStoredAndShownAgainUnchanged)
 {
-    const QString texts[] = {
-        u"say \"hi\" 'there'"_s,  u"[a-z]*?#!"_s, u"50%_off\\n"_s,
-        u"\u200Fright-to-left"_s, u"😀 ok"_s,      u"\"; DROP --"_s,
-    };
-    for (const QString& value : texts) {
+    for (const QString& value : {u"say \"hi\" 'x'"_s, u"[a-z]*?#!"_s, u"50%_off\\n"_s, u"\u200Fleft 😀"_s}) {
         SCOPED_TRACE(value.toStdString());
-        exec(u"DELETE FROM T_Delivery"_s);
-        const qint64 id = insert();
+        const qint64 id = insert({{C::F00159, value}});
         open(id);
-        for (const char16_t* field : {u"txtMyRemarksA", u"txtPaymentKeyNo", u"txtCustomBar"})
-            set(QString::fromUtf16(field), value);
+        set(u"txtMyRemarksA"_s, value);
         run(u"mnuDataSave"_s);
-        EXPECT_TRUE(messages.shown.isEmpty());
-        EXPECT_EQ(row(id)->text(C::F00164), value);
-        EXPECT_EQ(row(id)->text(C::F00159), value);
         open(id);
-        EXPECT_EQ(shown(u"txtCustomBar"_s), value);
+        EXPECT_EQ(shown(u"txtMyRemarksA"_s), value);
+        EXPECT_EQ(shown(u"txtPaymentKeyNo"_s), value);
     }
+    EXPECT_TRUE(messages.shown.isEmpty());
 }
 
 TEST_F(Save, SplitPrintAndThePackageEditorWriteNothingYet)
@@ -446,14 +341,13 @@ TEST_F(Save, SplitPrintAndThePackageEditorWriteNothingYet)
     const qint64 id = insert();
     open(id);
     set(u"txtMyRemarksA"_s, u"TYPED"_s);
-    for (const char16_t* item : {u"mnuDataDivide", u"mnuDataPrint"})
-        run(QString::fromUtf16(item));
+    run(u"mnuDataDivide"_s);
+    run(u"mnuDataPrint"_s);
     form->toolbar1()->button(u"分割"_s)->click();
     click(control(u"optQuantity(3)"_s));
     click(control(u"cmdQuantity"_s));
     EXPECT_TRUE(messages.shown.isEmpty());
     EXPECT_TRUE(row(id)->isNull(C::F00164));
-    EXPECT_TRUE(form->isVisible());
 }
 
 } // namespace

@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <deque>
-#include <initializer_list>
 #include <utility>
 
 namespace tolvinpt::test {
@@ -40,7 +39,7 @@ public:
 
     // The messages shown since the last check were `expected`, in order, each with its text, title, icon,
     // buttons and default button; forgets them.
-    void expectShown(std::initializer_list<Message> expected)
+    void expectShown(const QList<Message>& expected)
     {
         const QList<Message> seen = std::exchange(shown, {});
         ASSERT_EQ(seen.size(), qsizetype(expected.size())) << (seen.isEmpty() ? "" : qPrintable(seen[0].text));
