@@ -43,9 +43,10 @@ public:
     // The toolbar's buttons: "戻る" closes (asking when the grid changed), "均等割り" splits equally.
     void Toolbar1_ButtonClick(const QString& key);
 
-protected:
     // Escape and the close box close the way "戻る" does.
     void reject() override;
+
+protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
