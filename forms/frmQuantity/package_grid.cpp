@@ -31,10 +31,12 @@ public:
                           const QModelIndex& index) const override
     {
         QWidget* editor = QStyledItemDelegate::createEditor(parent, option, index);
-        if (auto* edit = qobject_cast<QLineEdit*>(editor)) {
-            edit->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-            setKeyPress(edit, numberKey);
-        }
+        guardedCall([editor] {
+            if (auto* edit = qobject_cast<QLineEdit*>(editor)) {
+                edit->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+                setKeyPress(edit, numberKey);
+            }
+        });
         return editor;
     }
 
@@ -220,14 +222,18 @@ bool PackageGrid::mousePress(QMouseEvent* event)
 void PackageGrid::mouseMoveEvent(QMouseEvent* event)
 {
     // No selecting by dragging: the active cell moves only by the rules.
-    if (!m_pressHandled)
-        QTableView::mouseMoveEvent(event);
+    guardedCall([&] {
+        if (!m_pressHandled)
+            QTableView::mouseMoveEvent(event);
+    });
 }
 
 void PackageGrid::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (!std::exchange(m_pressHandled, false))
-        QTableView::mouseReleaseEvent(event);
+    guardedCall([&] {
+        if (!std::exchange(m_pressHandled, false))
+            QTableView::mouseReleaseEvent(event);
+    });
 }
 
 void PackageGrid::mouseDoubleClickEvent(QMouseEvent* event)
@@ -240,10 +246,12 @@ void PackageGrid::mouseDoubleClickEvent(QMouseEvent* event)
 
 QModelIndex PackageGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
 {
-    const QModelIndex next = QTableView::moveCursor(action, modifiers);
-    if (next.row() == PackageModel::SumRow)
-        return m_model->index(LastPackageRow, 0);
-    return next;
+    return guardedCall(
+        [&] {
+            const QModelIndex next = QTableView::moveCursor(action, modifiers);
+            return next.row() == PackageModel::SumRow ? m_model->index(LastPackageRow, 0) : next;
+        },
+        currentIndex());
 }
 
 void PackageGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous)

@@ -1,6 +1,7 @@
 #include "forms/frmQuantity/package_model.h"
 
 #include "forms/frmData/number_rules.h"
+#include "platform/guarded.h"
 #include "platform/messages.h"
 #include "platform/number_text.h"
 
@@ -34,6 +35,11 @@ int PackageModel::columnCount(const QModelIndex& parent) const
 }
 
 QVariant PackageModel::data(const QModelIndex& index, int role) const
+{
+    return guardedCall([&] { return cellData(index, role); }, QVariant());
+}
+
+QVariant PackageModel::cellData(const QModelIndex& index, int role) const
 {
     const bool sum = index.row() == SumRow;
     switch (role) {
@@ -77,8 +83,12 @@ bool PackageModel::setData(const QModelIndex& index, const QVariant& value, int 
 {
     if (role != Qt::EditRole || index.row() == SumRow)
         return false;
-    setText(index.row(), value.toString());
-    return true;
+    return guardedCall(
+        [&] {
+            setText(index.row(), value.toString());
+            return true;
+        },
+        false);
 }
 
 void PackageModel::setValue(int row, Currency value)

@@ -39,6 +39,8 @@ public:
     QString text(int row) const;
 
 private:
+    QVariant cellData(const QModelIndex& index, int role) const;
+
     PackageQuantities m_values{};
     Currency m_total;
 };
