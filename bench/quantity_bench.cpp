@@ -5,6 +5,7 @@
 // 2. A keystroke in a cell: a digit typed over a cell (the cell editor opens) and the repaint it causes.
 // 3. Enter: the cell stored, the sum and the total updated, the next row active, and the repaint.
 // Both sides take turns at going first after one warm-up each; medians.
+#include "bench/counted_messages.h"
 #include "bench/timing.h"
 #include "forms/form_font.h"
 #include "forms/frmQuantity/frmQuantity.h"
@@ -32,18 +33,6 @@ constexpr int KeyRounds = 301;
 constexpr int Row = 49; // package 50: the grid scrolls to it
 constexpr double OpenTargetMs = 100;
 constexpr double KeyTargetMs = 16; // one frame at 60 Hz
-
-class CountedMessages final : public MessageService
-{
-public:
-    QMessageBox::StandardButton show(const Message&) override
-    {
-        ++shown;
-        return QMessageBox::Ok;
-    }
-    void beep() override { ++shown; }
-    int shown = 0;
-};
 
 PackageQuantities hundredPackages()
 {
@@ -150,7 +139,7 @@ bench::Medians timeKeys(QDialog& ours, QAbstractItemView* ourGrid, QDialog& bare
 int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
-    CountedMessages messages;
+    bench::CountedMessages messages;
     installMessageService(&messages);
 
     const bench::Medians open = bench::alternate(
