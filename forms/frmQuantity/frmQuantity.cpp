@@ -79,9 +79,8 @@ void frmQuantity::buildChrome()
     m_toolbar = new KeyedToolBar(u"Toolbar1"_s, Toolbar1, this);
     m_toolbar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
 
-    auto* client = new QWidget(this);
-    client->setObjectName(u"client"_s);
-    m_controls = buildControls(client, Controls, twips);
+    m_client = new QWidget(this);
+    m_controls = buildControls(m_client, Controls, twips);
 
     m_model = new PackageModel(this);
     m_grid = new PackageGrid(m_model, control(u"Picture1"_s));
@@ -106,10 +105,9 @@ void frmQuantity::Form_Resize()
 {
     const int toolbar = m_toolbar->sizeHint().height();
     m_toolbar->setGeometry(0, 0, width(), toolbar);
-    QWidget* client = findChild<QWidget*>(u"client"_s, Qt::FindDirectChildrenOnly);
-    client->setGeometry(0, toolbar, width(), height() - toolbar);
+    m_client->setGeometry(0, toolbar, width(), height() - toolbar);
     QWidget* picture = control(u"Picture1"_s);
-    picture->setGeometry(0, picture->y(), client->width(), std::max(0, client->height() - picture->y()));
+    picture->setGeometry(0, picture->y(), m_client->width(), std::max(0, m_client->height() - picture->y()));
     m_grid->setGeometry(picture->rect());
 }
 

@@ -63,6 +63,7 @@ private:
 
     ControlMap m_controls;
     KeyedToolBar* m_toolbar = nullptr;
+    QWidget* m_client = nullptr; // below the toolbar: the fields and Picture1
     PackageModel* m_model = nullptr;
     PackageGrid* m_grid = nullptr;
     ValidateOnLeave* m_leave = nullptr;
