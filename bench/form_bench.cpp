@@ -8,6 +8,7 @@
 // The baselines open the file with the flags Qt's own connection has (raw_sqlite.h).
 #include "bench/raw_form_reads.h"
 #include "bench/raw_sqlite.h"
+#include "bench/counted_messages.h"
 #include "bench/timing.h"
 #include "component/entry_procedure.h"
 #include "component/state.h"
@@ -40,19 +41,6 @@ constexpr int ListRounds = 5;
 constexpr double DisplayTargetMs = 5;
 constexpr double ListTargetMs = 300;    // for the longest list
 constexpr double LinearTolerance = 1.5; // per-entry cost of the longest list against the shortest
-
-// Answers every message box with OK and counts it: the display is meant to raise none.
-class CountedMessages final : public MessageService
-{
-public:
-    QMessageBox::StandardButton show(const Message&) override
-    {
-        ++shown;
-        return QMessageBox::Ok;
-    }
-    void beep() override { ++shown; }
-    int shown = 0;
-};
 
 // The generator's 40 buyers: ids 1 to 40, codes C00001 to C00040.
 void registerBuyers(test::FakeHostData& host)
@@ -207,7 +195,7 @@ int benchmark(const QString& file)
     test::FakeHostData host;
     host.connectionName = connection.connectionName();
     registerBuyers(host);
-    CountedMessages messages;
+    bench::CountedMessages messages;
     installMessageService(&messages);
     fmInput component; // the company settings, gDB and the customer list, as a host's call has them
 

@@ -1,10 +1,8 @@
 #include "component/call_state.h"
 
-#include "platform/number_text.h"
+#include "forms/record_id.h"
 
 #include <tolvinpt/error.h>
-
-#include <limits>
 
 namespace tolvinpt {
 
@@ -13,10 +11,10 @@ qint32 gIndex = 0;
 
 qint32 recordIdOf(const QVariant& element)
 {
-    const auto id = leadingNumber(element.toString()).roundHalfEven(0).toScaledInteger(0);
-    if (!id || *id < std::numeric_limits<qint32>::min() || *id > std::numeric_limits<qint32>::max())
+    const auto id = leadingRecordId(element.toString());
+    if (!id)
         throw Error(QStringLiteral("Overflow"), 6);
-    return static_cast<qint32>(*id);
+    return *id;
 }
 
 } // namespace tolvinpt

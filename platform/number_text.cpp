@@ -62,4 +62,16 @@ QString formatNumber(const Decimal& value, int maxDecimals)
     return value.roundHalfEven(maxDecimals).toString();
 }
 
+QString formatFixed(const Decimal& value, int decimals)
+{
+    const Decimal rounded = value.roundHalfEven(decimals);
+    QString text = rounded.toString();
+    if (decimals > 0) {
+        if (rounded.decimals() == 0)
+            text += u'.';
+        text += QString(decimals - rounded.decimals(), u'0');
+    }
+    return text;
+}
+
 } // namespace tolvinpt

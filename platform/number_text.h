@@ -32,4 +32,8 @@ std::optional<Decimal> strictDecimal(const QString& text);
 // never "-0": 12 shows "12", 12.5 "12.5", 1234.5678 (3) "1234.568", -0.0001 (3) "0".
 QString formatNumber(const Decimal& value, int maxDecimals);
 
+// Display format with exactly `decimals` decimals ("#0.000" for 3): rounded half to even, at least one
+// integer digit, no thousands separator, never "-0": 0 shows "0.000", 12.5 "12.500", 2.0005 "2.000".
+QString formatFixed(const Decimal& value, int decimals);
+
 } // namespace tolvinpt

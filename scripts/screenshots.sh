@@ -21,3 +21,4 @@ chmod +x "$work/take.sh"
 xvfb-run -s "-screen 0 1440x900x24" "$work/take.sh"
 "$build/tools/form_screenshot" docs/screenshots/form-new.png 2>/dev/null ||
     xvfb-run "$build/tools/form_screenshot" docs/screenshots/form-new.png
+QT_QPA_PLATFORM=offscreen "$build/tools/dialog_screenshot" docs/screenshots

@@ -2,6 +2,7 @@
 
 #include "forms/form_font.h"
 #include "forms/frmData/catalogue.h"
+#include "forms/frmData/package_editor.h"
 #include "forms/frmData/record_list_menu.h"
 #include "forms/keyed_toolbar.h"
 #include "forms/menu_builder.h"
@@ -27,6 +28,7 @@ frmData::frmData(const CompanySettings& company, QWidget* parent) : QDialog(pare
     connectChangeFlags();
     installFieldRules();
     connectCommands();
+    frmdata::connectPackageEditor(*this);
     Form_Load();
 }
 

@@ -104,8 +104,7 @@ void txtAmountDelivery_Validate(frmData& form, QLineEdit* field)
 void txtQuantity_Validate(frmData& form)
 {
     auto* quantity = form.control<QLineEdit>(u"txtQuantity"_s);
-    const Currency delivery =
-        toCurrency(leadingNumber(form.control<QLineEdit>(u"txtAmountDelivery"_s)->text()));
+    const Currency delivery = readCurrency(form.control<QLineEdit>(u"txtAmountDelivery"_s)->text());
     Currency perPackage = readQuantity(quantity->text());
     if (perPackage.isZero() || perPackage > delivery)
         perPackage = delivery;
@@ -119,6 +118,11 @@ void txtQuantity_Validate(frmData& form)
 Currency readQuantity(const QString& text)
 {
     return toCurrency(leadingNumber(text).roundHalfEven(QuantityDecimals));
+}
+
+Currency readCurrency(const QString& text)
+{
+    return toCurrency(leadingNumber(text));
 }
 
 int priceDecimals(bool yen)

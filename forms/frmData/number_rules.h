@@ -20,6 +20,8 @@ constexpr Currency MaxQuantity = Currency::fromRaw(9'999'999'999'990);
 
 // The leading number of `text` rounded half to even to three decimals, at currency precision.
 Currency readQuantity(const QString& text);
+// The leading number of `text` at currency precision (four decimals); beyond the range it saturates.
+Currency readCurrency(const QString& text);
 
 // Decimals a unit price keeps: three in yen, five in a foreign currency.
 int priceDecimals(bool yen);

@@ -4,7 +4,9 @@
 #include "forms/frmData/currency_rules.h"
 #include "forms/frmData/frmData.h"
 #include "forms/frmData/input_checks.h"
+#include "forms/frmData/number_rules.h"
 #include "forms/frmData/record_fields.h"
+#include "forms/record_id.h"
 #include "forms/run_time_error.h"
 #include "platform/number_text.h"
 #include "platform/text.h"
@@ -15,7 +17,6 @@
 #include <QComboBox>
 #include <QLineEdit>
 
-#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -51,11 +52,11 @@ QString priceOf(const QString& text)
     return price->toString();
 }
 
-// The leading number of the record's id text; 0 when the text is empty.
+// The record's id as its text reads; 0 when the text is empty.
 qint64 recordIdOnScreen(const frmData& form)
 {
-    const auto id = leadingNumber(textOf(form, u"txtIDData")).roundHalfEven(0).toScaledInteger(0);
-    if (!id || *id < std::numeric_limits<qint32>::min() || *id > std::numeric_limits<qint32>::max())
+    const auto id = leadingRecordId(textOf(form, u"txtIDData"));
+    if (!id)
         throw RunTimeError(u"Overflow"_s, 6);
     return *id;
 }
@@ -97,8 +98,7 @@ DeliverySave::Packages packagesOf(const frmData& form)
         if (form.packageMode() == entry.optionIndex)
             break;
     }
-    packages.quantity =
-        leadingNumber(textOf(form, u"txtQuantity")).roundHalfEven(Currency::Decimals).toString();
+    packages.quantity = frmdata::readCurrency(textOf(form, u"txtQuantity")).toString();
     packages.quantities = gPackageQty;
     return packages;
 }

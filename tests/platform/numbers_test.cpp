@@ -141,5 +141,14 @@ TEST(FormatNumber, RoundsAndDropsTrailingZeros)
         EXPECT_EQ(formatNumber(dec(value), decimals), QString::fromUtf16(shown)) << decimals;
 }
 
+TEST(FormatFixed, KeepsExactlyTheDecimals)
+{
+    const std::tuple<const char16_t*, int, const char16_t*> rows[] = {
+        {u"0", 3, u"0.000"}, {u"12.5", 3, u"12.500"}, {u"2.0005", 3, u"2.000"}, {u"1.23456", 3, u"1.235"},
+        {u"-0.0001", 3, u"0.000"}, {u"7", 0, u"7"}};
+    for (const auto& [value, decimals, shown] : rows)
+        EXPECT_EQ(formatFixed(dec(value), decimals), QString::fromUtf16(shown)) << decimals;
+}
+
 } // namespace
 } // namespace tolvinpt

@@ -144,6 +144,24 @@ ICONS = {
 ................
 ................
 """,
+    "Macro": """
+................
+.kkkkkkkkkkkkkk.
+.kwwwwwwwwwwwwk.
+.kwbbbbbbbbbbwk.
+.kwwwwwwwwwwwwk.
+.kkkkkkkkkkkkkk.
+.kwwwwwkwwwwwwk.
+.kwbbbwkwbbbbwk.
+.kwwwwwkwwwwwwk.
+.kkkkkkkkkkkkkk.
+.kwwwkwwwwkwwwk.
+.kwbwkwbbwkwbwk.
+.kwwwkwwwwkwwwk.
+.kkkkkkkkkkkkkk.
+................
+................
+""",
 }
 
 
