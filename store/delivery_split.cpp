@@ -202,13 +202,18 @@ SplitResult splitDelivery(db::Database& database, db::Transaction& transaction, 
     return result;
 }
 
-SplitSql splitSql(const db::SqlDialect& dialect, const DeliverySplit& split, const QStringList& columns,
-                  const DeliveryRecord& source)
+SplitPlan splitPlan(const db::SqlDialect& dialect, const DeliverySplit& split, const QStringList& columns,
+                    const DeliveryRecord& source)
 {
-    return {keyTestSql(orderKeyMatch(dialect, split, split.newKey)),
-            sourceSql(orderKeyMatch(dialect, split, split.oldKey)),
-            insertSql(dialect, columns, newRowOf(dialect, split, source)),
-            updateSql(source, halfOf(dialect, source, split.oldQuantity - split.newQuantity))};
+    const LikeMatch newKey = orderKeyMatch(dialect, split, split.newKey);
+    const LikeMatch oldKey = orderKeyMatch(dialect, split, split.oldKey);
+    const Changes added = newRowOf(dialect, split, source);
+    const Changes rest = halfOf(dialect, source, split.oldQuantity - split.newQuantity);
+    return {{keyTestSql(newKey), newKey.values},
+            {sourceSql(oldKey), oldKey.values},
+            {insertSql(dialect, columns, added), insertValues(columns, added, split.id)},
+            {updateSql(source, rest), updateValues(source, rest, split.id)},
+            {packageRowsDeleteSql(), {split.id}}};
 }
 
 } // namespace tolvinpt

@@ -50,13 +50,18 @@ struct SplitResult
 // left open as it stands: the caller decides its fate.
 SplitResult splitDelivery(db::Database& database, db::Transaction& transaction, const DeliverySplit& split);
 
-// The statement texts a split runs for `split` on a table with `columns`, for benchmarks: the new-key
-// test, the lookup of the record, the new row's insert and the record's update.
-struct SplitSql
+// The statements a split of `source`, a record of a table with `columns`, runs after the comparison with
+// what the form showed, each with its values: for benchmarks that run them through another layer.
+struct SplitStatement
 {
-    QString keyTest, source, insert, update;
+    QString sql;
+    QList<QVariant> values;
 };
-SplitSql splitSql(const db::SqlDialect& dialect, const DeliverySplit& split, const QStringList& columns,
-                  const DeliveryRecord& source);
+struct SplitPlan
+{
+    SplitStatement keyTest, source, insert, update, deletePackages;
+};
+SplitPlan splitPlan(const db::SqlDialect& dialect, const DeliverySplit& split, const QStringList& columns,
+                    const DeliveryRecord& source);
 
 } // namespace tolvinpt
