@@ -81,6 +81,11 @@ protected:
         };
     }
     static QString text(const frmData& form, const QString& field) { return form.control<QLineEdit>(field)->text(); }
+    static Message leaveQuestion()
+    {
+        return {u"内容が変更されています\r\n\r\n変更内容を保存しますか"_s, u"変更保存..."_s, QMessageBox::Question,
+                QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes};
+    }
 };
 
 TEST_F(SplitFlow, TheRecordKeepsTheRestAndTheNewOneJoinsTheList)
@@ -112,40 +117,31 @@ TEST_F(SplitFlow, TheRecordKeepsTheRestAndTheNewOneJoinsTheList)
 
 TEST_F(SplitFlow, NothingToSplitIsRefusedBeforeTheQuestionAndTheDialog)
 {
-    struct Case
+    const Message nothing = test::okMessage(u"分割できる納入数量がありません", u"数量分割...");
+    const struct
     {
         const char* quantity;
         bool changed;
-        QMessageBox::StandardButton answer; // to the question before leaving a change
         QList<Message> shown;
         bool dialog;
+    } cases[] = {
+        {"0.001", true, {nothing}, false},
+        {"0.002", false, {}, true},
+        {"10", true, {leaveQuestion()}, false}, // answered Cancel
     };
-    const Message nothing = test::okMessage(u"分割できる納入数量がありません", u"数量分割...");
-    const Message leave{u"内容が変更されています\r\n\r\n変更内容を保存しますか"_s, u"変更保存..."_s,
-                        QMessageBox::Question, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
-                        QMessageBox::Yes};
-    const Case cases[] = {
-        {"0.001", false, QMessageBox::NoButton, {nothing}, false},
-        {"0.001", true, QMessageBox::NoButton, {nothing}, false},
-        {"0.002", false, QMessageBox::NoButton, {}, true},
-        {"0.002", true, QMessageBox::Cancel, {leave}, false},
-        {"10", true, QMessageBox::No, {leave}, true},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(std::string(c.quantity) + (c.changed ? " changed" : ""));
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.quantity);
         temp.db().execute(u"UPDATE T_Delivery SET F00036 = "_s + QString::fromLatin1(c.quantity));
         Items items{ListKey(ids[0])};
         bool dialog = false;
         whileShown([&](frmData& form) {
             if (c.changed)
                 form.control<QLineEdit>(u"txtMyRemarksA"_s)->setText(u"TYPED"_s);
-            messages.answers.push_back(c.answer);
+            messages.answers = {QMessageBox::Cancel};
             split(form, [&](frmDivide&) { dialog = true; }); // then cancelled
-            messages.answers.clear();
             messages.expectShown(c.shown);
-            EXPECT_EQ(messages.beeps, std::string(c.quantity) == "0.001" ? 1 : 0);
-            messages.beeps = 0;
-            form.lngResult = 2; // close without asking
+            EXPECT_EQ(std::exchange(messages.beeps, 0), std::string(c.quantity) == "0.001" ? 1 : 0);
+            form.lngResult = 2; // closes without asking
         });
         fmInput input;
         input.InputData(items);
@@ -156,33 +152,40 @@ TEST_F(SplitFlow, NothingToSplitIsRefusedBeforeTheQuestionAndTheDialog)
 
 TEST_F(SplitFlow, ASplitRefusedOrFailedHalfwayStoresNothingAndTheNextSaveIsStored)
 {
-    struct Case
+    const struct
     {
         const char* what;
-        QString newKey;
-        std::function<void()> meanwhile;
-        Message shown;
+        const char16_t* newKey;
+        std::function<void(frmData&)> before;
+        QList<Message> shown;
+    } cases[] = {
+        {"the new key is taken", u"K-2", {},
+         {test::okMessage(u"同一の納品ｷｰ番号が存在します\r\n保存できません", u"数量分割...", QMessageBox::Information)}},
+        {"changed by another operator", u"K-1b",
+         [this](frmData&) { test::SecondConnection(temp).exec(u"UPDATE T_Delivery SET F00164 = 'other'"_s); },
+         {test::okMessage(u"このﾃﾞｰﾀは、表示した後に他の担当者が変更しました\r\n\r\n分割できません", u"数量分割...")}},
+        {"a key number changed on screen and not saved", u"K-1b",
+         [this](frmData& form) {
+             form.menuItem(u"mnuDataDetail"_s)->trigger();
+             form.control<QLineEdit>(u"txtPaymentKeyNo"_s)->setText(u"K-1x"_s);
+             messages.answers = {QMessageBox::No};
+         },
+         {leaveQuestion(), test::okMessage(u"No current record.(3021)", u"数量分割...保存")}},
+        {"the record's update fails after the new row", u"K-1b",
+         [this](frmData&) {
+             test::SecondConnection(temp).exec(u"CREATE TRIGGER refuse BEFORE UPDATE OF F00036 ON T_Delivery "
+                                               u"WHEN NEW.F00036 = 4 BEGIN SELECT RAISE(ABORT, 'refused'); END"_s);
+         },
+         {test::okMessage(u"refused(1811)", u"数量分割...保存")}},
     };
-    const QString refuse = u"CREATE TRIGGER refuse BEFORE UPDATE OF F00036 ON T_Delivery WHEN NEW.F00036 = 4 "
-                           u"BEGIN SELECT RAISE(ABORT, 'split refused'); END"_s;
-    const Case cases[] = {
-        {"the new key is taken", u"K-2"_s, {},
-         test::okMessage(u"同一の納品ｷｰ番号が存在します\r\n保存できません", u"数量分割...", QMessageBox::Information)},
-        {"changed by another operator", u"K-1b"_s,
-         [this] { test::SecondConnection(temp).exec(u"UPDATE T_Delivery SET F00164 = 'other'"_s); },
-         test::okMessage(u"このﾃﾞｰﾀは、表示した後に他の担当者が変更しました\r\n\r\n分割できません", u"数量分割...")},
-        {"the record's update fails after the new row", u"K-1b"_s,
-         [&] { test::SecondConnection(temp).exec(refuse); },
-         test::okMessage(u"split refused(1811)", u"数量分割...保存")},
-    };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         Items items{ListKey(ids[0])};
         whileShown([&](frmData& form) {
-            if (c.meanwhile)
-                c.meanwhile();
-            split(form, answer(c.newKey, u"6"_s));
-            messages.expectShown({c.shown});
+            if (c.before)
+                c.before(form);
+            split(form, answer(QString::fromUtf16(c.newKey), u"6"_s));
+            messages.expectShown(c.shown);
             EXPECT_EQ(form.recordList()->count(), 1);
             EXPECT_EQ(text(form, u"txtAmountDelivery"_s), u"10"_s);
             form.control<QLineEdit>(u"txtMyRemarksA"_s)->setText(u"SAVED"_s);
@@ -193,7 +196,7 @@ TEST_F(SplitFlow, ASplitRefusedOrFailedHalfwayStoresNothingAndTheNextSaveIsStore
         input.InputData(items);
         EXPECT_EQ(records(), 3);
         EXPECT_EQ(stored(ids[0]).text(C::F00164), u"SAVED"_s);
-        EXPECT_EQ(stored(ids[0]).currency(C::F00036), Currency::fromInteger(10));
+        EXPECT_EQ(stored(ids[0]).text(C::F00159), u"K-1"_s);
         temp.db().execute(u"DROP TRIGGER IF EXISTS refuse"_s);
     }
 }
