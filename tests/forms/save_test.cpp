@@ -342,7 +342,6 @@ TEST_F(Save, SplitAndPrintWriteNothingYet)
     open(id);
     set(u"txtMyRemarksA"_s, u"TYPED"_s);
     run(u"mnuDataDivide"_s);
-    run(u"mnuDataPrint"_s);
     form->toolbar1()->button(u"分割"_s)->click();
     EXPECT_TRUE(messages.shown.isEmpty());
     EXPECT_TRUE(row(id)->isNull(C::F00164));

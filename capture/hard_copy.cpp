@@ -1,0 +1,154 @@
+#include "capture/hard_copy.h"
+
+#include "capture/busy_cursor.h"
+#include "capture/hard_copy_error.h"
+#include "capture/pdf_file.h"
+#include "capture/print_picture.h"
+
+#include <QDir>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QStandardPaths>
+
+#include <cerrno>
+#include <optional>
+
+namespace tolvinpt::capture {
+namespace {
+
+HardCopyDestination destination;
+
+bool toPdf()
+{
+    return !destination.pdfFolder.isEmpty() || QPrinterInfo::availablePrinterNames().isEmpty();
+}
+
+// The host's folder must exist; the documents folder is the user's own and made when missing.
+QString pdfFolder()
+{
+    if (!destination.pdfFolder.isEmpty())
+        return destination.pdfFolder;
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    QDir().mkpath(documents);
+    return documents;
+}
+
+// A PDF page has no unprintable border: the printable area is the whole A4 sheet.
+QPageLayout pdfPage()
+{
+    return QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF());
+}
+
+// Draws the page and ends the document, which sends it; on failure drops the job with `abort`, which
+// gets the painter still active.
+template <typename Abort>
+void paintPage(QPagedPaintDevice& device, const QImage& picture, const QString& source, Abort abort)
+{
+    BusyCursor busy;
+    QPainter painter;
+    try {
+        PrintPictureToPage(device, painter, picture);
+        if (!painter.end())
+            throw HardCopyError(QStringLiteral("Printer error"), 482);
+    } catch (const HardCopyError& e) {
+        abort(painter);
+        throw e.from(source);
+    }
+}
+
+QString toPdfFile(const QImage& picture, const QString& title, const QString& key)
+{
+    const std::unique_ptr<QFile> file = createPdfFile(pdfFolder(), key);
+    const QString source = QDir::toNativeSeparators(file->fileName());
+    {
+        QPdfWriter writer(file.get());
+        writer.setTitle(title);
+        writer.setPageLayout(pdfPage());
+        paintPage(writer, picture, source, [&](QPainter& painter) {
+            if (painter.isActive())
+                painter.end();
+            file->remove();
+        });
+    }
+    file->close();
+    if (file->error() != QFileDevice::NoError) {
+        const HardCopyError failure(file->errorString(), errno, source);
+        file->remove();
+        throw failure;
+    }
+    return file->fileName();
+}
+
+void toPrinter(const QImage& picture, const QString& title)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(title);
+    paintPage(printer, picture, printer.printerName(), [&](QPainter&) { printer.abort(); });
+}
+
+// The preview paints the page as often as it likes, the print button once more on the printer the
+// operator picks. Qt calls the painting: a failure is kept and thrown once the preview has closed.
+QString previewed(const QImage& picture, const QString& title, const QString& key, QWidget* parent)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(title);
+    std::unique_ptr<QFile> reserved;
+    if (toPdf()) {
+        reserved = createPdfFile(pdfFolder(), key);
+        reserved->close();
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(reserved->fileName());
+        printer.setPageLayout(pdfPage());
+    }
+    std::optional<HardCopyError> failure;
+    QPrintPreviewDialog dialog(&printer, parent);
+    dialog.setWindowTitle(title);
+    QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* target) {
+        try {
+            const QString source = target->outputFormat() == QPrinter::PdfFormat
+                                       ? QDir::toNativeSeparators(target->outputFileName())
+                                       : target->printerName();
+            paintPage(*target, picture, source, [target](QPainter&) { target->abort(); });
+        } catch (const HardCopyError& e) {
+            if (!failure)
+                failure = e;
+        }
+    });
+    const bool printed = dialog.exec() == QDialog::Accepted;
+    const bool pdf = printer.outputFormat() == QPrinter::PdfFormat;
+    const QString written = printed && pdf && !failure ? printer.outputFileName() : QString();
+    if (failure && pdf)
+        QFile::remove(printer.outputFileName());
+    if (reserved && written != reserved->fileName())
+        reserved->remove();
+    if (failure)
+        throw *failure;
+    return written;
+}
+
+} // namespace
+
+void setHardCopyDestination(const HardCopyDestination& to)
+{
+    destination = to;
+}
+
+const HardCopyDestination& hardCopyDestination()
+{
+    return destination;
+}
+
+QString PrintHardCopy(const QImage& picture, const QString& title, const QString& key, QWidget* parent)
+{
+    if (destination.preview)
+        return previewed(picture, title, key, parent);
+    if (toPdf())
+        return toPdfFile(picture, title, key);
+    toPrinter(picture, title);
+    return {};
+}
+
+} // namespace tolvinpt::capture
