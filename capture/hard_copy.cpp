@@ -6,6 +6,7 @@
 #include "capture/print_picture.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrintPreviewDialog>
@@ -89,44 +90,48 @@ void toPrinter(const QImage& picture, const QString& title)
     paintPage(printer, picture, printer.printerName(), [&](QPainter&) { printer.abort(); });
 }
 
+// A name that no file has now. The print dialog of the preview shows it and may change it; it asks
+// before it replaces a file, so the name is not held by an empty file meanwhile.
+QString freePdfName(const QString& key)
+{
+    const std::unique_ptr<QFile> file = createPdfFile(pdfFolder(), key);
+    file->remove();
+    return file->fileName();
+}
+
 // The preview paints the page as often as it likes, the print button once more on the printer the
 // operator picks. Qt calls the painting: a failure is kept and thrown once the preview has closed.
 QString previewed(const QImage& picture, const QString& title, const QString& key, QWidget* parent)
 {
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(title);
-    std::unique_ptr<QFile> reserved;
     if (toPdf()) {
-        reserved = createPdfFile(pdfFolder(), key);
-        reserved->close();
         printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(reserved->fileName());
+        printer.setOutputFileName(freePdfName(key));
         printer.setPageLayout(pdfPage());
     }
     std::optional<HardCopyError> failure;
     QPrintPreviewDialog dialog(&printer, parent);
     dialog.setWindowTitle(title);
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* target) {
+        const bool pdf = target->outputFormat() == QPrinter::PdfFormat;
+        const QString file = target->outputFileName();
+        // A file that was there before (the operator chose to replace it) is not ours to remove.
+        const bool newFile = pdf && !QFileInfo::exists(file);
         try {
-            const QString source = target->outputFormat() == QPrinter::PdfFormat
-                                       ? QDir::toNativeSeparators(target->outputFileName())
-                                       : target->printerName();
-            paintPage(*target, picture, source, [target](QPainter&) { target->abort(); });
+            paintPage(*target, picture, pdf ? QDir::toNativeSeparators(file) : target->printerName(),
+                      [target](QPainter&) { target->abort(); });
         } catch (const HardCopyError& e) {
+            if (newFile)
+                QFile::remove(file);
             if (!failure)
                 failure = e;
         }
     });
     const bool printed = dialog.exec() == QDialog::Accepted;
-    const bool pdf = printer.outputFormat() == QPrinter::PdfFormat;
-    const QString written = printed && pdf && !failure ? printer.outputFileName() : QString();
-    if (failure && pdf)
-        QFile::remove(printer.outputFileName());
-    if (reserved && written != reserved->fileName())
-        reserved->remove();
     if (failure)
         throw *failure;
-    return written;
+    return printed && printer.outputFormat() == QPrinter::PdfFormat ? printer.outputFileName() : QString();
 }
 
 } // namespace
