@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Retakes the pictures in docs/screenshots under a virtual display: the host on a fresh demo database,
-# a demo record in the entry form. Needs xvfb, xdotool and imagemagick; build first with the tests
-# (scripts/dev.sh test builds into build-test; BUILD=build-test scripts/screenshots.sh).
+# a demo record in the entry form, its hard copy page. Needs xvfb, xdotool, imagemagick and poppler-utils;
+# build first with the tests (scripts/dev.sh test builds into build-test; BUILD=build-test
+# scripts/screenshots.sh).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 build=${BUILD:-build}
@@ -22,3 +23,5 @@ xvfb-run -s "-screen 0 1440x900x24" "$work/take.sh"
 "$build/tools/form_screenshot" docs/screenshots/form-new.png 2>/dev/null ||
     xvfb-run "$build/tools/form_screenshot" docs/screenshots/form-new.png
 QT_QPA_PLATFORM=offscreen "$build/tools/dialog_screenshot" docs/screenshots
+pdf=$(QT_QPA_PLATFORM=offscreen "$build/tools/hard_copy_page" "$work" 2>/dev/null)
+pdftoppm -r 72 -png -singlefile "$pdf" docs/screenshots/hard-copy
