@@ -54,7 +54,8 @@ QImage drawnFrame(QWidget& window)
     title.text = window.windowTitle();
     title.icon = window.windowIcon();
     title.titleBarState = Qt::WindowActive;
-    title.titleBarFlags = Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+    title.titleBarFlags =
+        Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
     title.state |= QStyle::State_Active;
     const int border = style->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, &window);
     const int titleHeight = style->pixelMetric(QStyle::PM_TitleBarHeight, &title, &window);

@@ -35,8 +35,9 @@ CommandLine parseCommandLine(const QStringList& arguments, QTextStream& out, QTe
                                                 "PDF ファイルで保存します (プリンタがないときは指定がなくても"
                                                 "ドキュメントフォルダに保存します)。"),
                                  QStringLiteral("DIR"));
-    const QCommandLineOption preview(QStringLiteral("print-preview"),
-                                     QStringLiteral("「ﾊｰﾄﾞ ｺﾋﾟｰ」を印刷プレビューで表示し、そこから印刷します。"));
+    const QCommandLineOption preview(
+        QStringLiteral("print-preview"),
+        QStringLiteral("「ﾊｰﾄﾞ ｺﾋﾟｰ」を印刷プレビューで表示し、そこから印刷します。"));
     parser.addOptions({help, version, database, pdf, preview});
 
     const auto answered = [](ExitCode code) {

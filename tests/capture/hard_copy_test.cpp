@@ -26,7 +26,10 @@ protected:
         EntryTest::TearDown();
     }
     void print() const { form->menuItem(u"mnuDataPrint"_s)->trigger(); }
-    static QStringList pdfFiles(const QString& path) { return QDir(path).entryList({u"*.pdf"_s}, QDir::Files); }
+    static QStringList pdfFiles(const QString& path)
+    {
+        return QDir(path).entryList({u"*.pdf"_s}, QDir::Files);
+    }
     // The only message: the PDF file `file` was written.
     void expectToldWhere(const QString& file)
     {
@@ -62,7 +65,8 @@ TEST_F(HardCopy, PicturesTheFormAsItStandsIntoAPdfFile)
     for (const bool hostFolder : {true, false}) {
         SCOPED_TRACE(hostFolder ? "the host's folder" : "no printer");
         const HomeFolder home(folder.path());
-        const QString expectedFolder = hostFolder ? folder.filePath(u"pdf"_s) : folder.filePath(u"Documents"_s);
+        const QString expectedFolder =
+            hostFolder ? folder.filePath(u"pdf"_s) : folder.filePath(u"Documents"_s);
         QDir().mkpath(folder.filePath(u"pdf"_s));
         SetHardCopySettings({hostFolder ? expectedFolder : QString(), false});
         print();
@@ -95,7 +99,8 @@ TEST_F(HardCopy, AFailureIsToldWithItsSourceAndTheCursorComesBack)
     print();
     ASSERT_EQ(messages.shown.size(), 1);
     const Message shown = messages.shown.takeFirst();
-    EXPECT_TRUE(shown.title.startsWith(u"ﾊｰﾄﾞ ｺﾋﾟｰ - "_s + notAFolder.fileName() + u'/')) << shown.title.toStdString();
+    EXPECT_TRUE(shown.title.startsWith(u"ﾊｰﾄﾞ ｺﾋﾟｰ - "_s + notAFolder.fileName() + u'/'))
+        << shown.title.toStdString();
     messages.shown = {shown};
     expectOneMessage(u"Not a directory (20)", shown.title);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
@@ -117,7 +122,7 @@ TEST_F(HardCopy, PreviewShowsTheOnePageAndPrintsFromThere)
             auto* page = preview->findChild<QPrintPreviewWidget*>();
             pages = page->pageCount();
             orientation = page->orientation() == QPageLayout::Landscape ? QPageLayout::Landscape
-                                                                         : QPageLayout::Portrait;
+                                                                        : QPageLayout::Portrait;
             if (!printIt) {
                 preview->reject();
                 return;
@@ -161,7 +166,8 @@ TEST_F(HardCopy, CapturesAtTheDevicePixelRatio)
     env.insert(u"TOLVINPT_CAPTURED_SIZE"_s, folder.filePath(u"size"_s));
     QProcess twice;
     twice.setProcessEnvironment(env);
-    twice.start(QCoreApplication::applicationFilePath(), {u"--gtest_filter=HardCopy.CapturesAtTheDevicePixelRatio"_s});
+    twice.start(QCoreApplication::applicationFilePath(),
+                {u"--gtest_filter=HardCopy.CapturesAtTheDevicePixelRatio"_s});
     ASSERT_TRUE(twice.waitForFinished(60000));
     ASSERT_EQ(twice.exitCode(), 0) << twice.readAllStandardOutput().toStdString();
     QFile size(folder.filePath(u"size"_s));

@@ -85,8 +85,8 @@ TEST_F(Pages, PdfHoldsOnePageFilledAsTheRuleSays)
         if (s.fills != Fills::Width) {
             EXPECT_EQ(drawn.height(), page.height());
         }
-        EXPECT_NEAR(double(drawn.width()) / drawn.height(),
-                    double(s.picture.width()) / s.picture.height(), 0.01);
+        EXPECT_NEAR(double(drawn.width()) / drawn.height(), double(s.picture.width()) / s.picture.height(),
+                    0.01);
     }
     const QStringList written = files();
     EXPECT_EQ(written.size(), qsizetype(std::size(Shapes)));

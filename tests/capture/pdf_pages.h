@@ -13,10 +13,12 @@ namespace tolvinpt::test {
 inline QList<QImage> renderedPages(const QString& pdf)
 {
     QTemporaryDir out;
-    QProcess::execute(QStringLiteral(PDFTOPPM), {QStringLiteral("-r"), QStringLiteral("72"),
-                                                 QStringLiteral("-png"), pdf, out.filePath(QStringLiteral("page"))});
+    QProcess::execute(QStringLiteral(PDFTOPPM),
+                      {QStringLiteral("-r"), QStringLiteral("72"), QStringLiteral("-png"), pdf,
+                       out.filePath(QStringLiteral("page"))});
     QList<QImage> pages;
-    for (const QString& name : QDir(out.path()).entryList({QStringLiteral("page*.png")}, QDir::Files, QDir::Name))
+    for (const QString& name :
+         QDir(out.path()).entryList({QStringLiteral("page*.png")}, QDir::Files, QDir::Name))
         pages << QImage(out.filePath(name));
     return pages;
 }

@@ -18,12 +18,14 @@ TEST(CommandLine, HardCopyOptions)
     QString outText, errText;
     QTextStream out(&outText), err(&errText);
     const CommandLine given = parseCommandLine(
-        {u"host"_s, u"--print-to-pdf"_s, dir.path(), u"--print-preview"_s, u"--database"_s, u"x"_s}, out, err);
+        {u"host"_s, u"--print-to-pdf"_s, dir.path(), u"--print-preview"_s, u"--database"_s, u"x"_s}, out,
+        err);
     EXPECT_FALSE(given.exitCode);
     EXPECT_EQ(given.pdfFolder, dir.path());
     EXPECT_TRUE(given.printPreview);
 
-    const CommandLine missing = parseCommandLine({u"host"_s, u"--print-to-pdf"_s, dir.filePath(u"none"_s)}, out, err);
+    const CommandLine missing =
+        parseCommandLine({u"host"_s, u"--print-to-pdf"_s, dir.filePath(u"none"_s)}, out, err);
     EXPECT_EQ(missing.exitCode, toInt(ExitCode::BadCommandLine));
     EXPECT_TRUE(errText.contains(dir.filePath(u"none"_s))) << errText.toStdString();
 }
