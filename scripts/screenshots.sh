@@ -23,5 +23,5 @@ xvfb-run -s "-screen 0 1440x900x24" "$work/take.sh"
 "$build/tools/form_screenshot" docs/screenshots/form-new.png 2>/dev/null ||
     xvfb-run "$build/tools/form_screenshot" docs/screenshots/form-new.png
 QT_QPA_PLATFORM=offscreen "$build/tools/dialog_screenshot" docs/screenshots
-pdf=$(QT_QPA_PLATFORM=offscreen "$build/tools/hard_copy_page" "$work" 2>/dev/null)
+pdf=$(QT_QPA_PLATFORM=offscreen "$build/tools/form_screenshot" "$work" hardcopy 2>/dev/null)
 pdftoppm -r 72 -png -singlefile "$pdf" docs/screenshots/hard-copy
