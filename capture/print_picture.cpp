@@ -2,6 +2,7 @@
 
 #include "capture/hard_copy_error.h"
 
+#include <QPageLayout>
 #include <QPagedPaintDevice>
 #include <QPainter>
 
@@ -18,13 +19,14 @@ HardCopyError printerError()
     return {QStringLiteral("Printer error"), 482};
 }
 
-} // namespace
-
+// Portrait when the picture is at least as high as it is wide, landscape otherwise.
 QPageLayout::Orientation pageOrientation(QSize picture)
 {
     return picture.height() >= picture.width() ? QPageLayout::Portrait : QPageLayout::Landscape;
 }
 
+// The largest size of the picture's shape within `printable`: the full printable width when the picture
+// is relatively at least as wide as the printable area, else the full printable height.
 QSizeF drawnSize(QSize picture, QSizeF printable)
 {
     const double pictureRatio = double(picture.width()) / picture.height();
@@ -33,6 +35,8 @@ QSizeF drawnSize(QSize picture, QSizeF printable)
         return {printable.width(), printable.width() / pictureRatio};
     return {printable.height() * pictureRatio, printable.height()};
 }
+
+} // namespace
 
 void PrintPictureToPage(QPagedPaintDevice& device, QPainter& painter, const QImage& picture)
 {

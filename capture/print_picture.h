@@ -4,20 +4,11 @@
 // anchored at its top left; no header, footer or margin of our own.
 
 #include <QImage>
-#include <QPageLayout>
-#include <QSizeF>
 
 class QPagedPaintDevice;
 class QPainter;
 
 namespace tolvinpt::capture {
-
-// Portrait when the picture is at least as high as it is wide, landscape otherwise.
-QPageLayout::Orientation pageOrientation(QSize picture);
-
-// The largest size of the picture's shape within `printable`: the full printable width when the picture
-// is relatively at least as wide as the printable area, else the full printable height.
-QSizeF drawnSize(QSize picture, QSizeF printable);
 
 // Sets the page orientation (before anything of the page is measured), begins `painter` on `device` and
 // draws the picture at the top left of the printable area as large as it fits. The caller ends the

@@ -8,6 +8,7 @@
 #include <QPrintPreviewWidget>
 #include <QPrinterInfo>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QTimer>
 
 namespace tolvinpt::test {
@@ -45,8 +46,9 @@ TEST_F(HardCopy, PicturesTheFormAsItStandsIntoAPdfFile)
         GTEST_SKIP() << "a printer is installed: the page would go to it";
     text(u"txtPaymentKeyNo"_s)->setText(u"D-0001"_s);
     text(u"txtHinmeiA"_s)->setText(u"BOLT M8 ﾎﾞﾙﾄ"_s);
-    const QByteArray home = qgetenv("HOME");
+    const auto restoreHome = qScopeGuard([home = qgetenv("HOME")] { qputenv("HOME", home); });
     qputenv("HOME", folder.path().toLocal8Bit());
+    qunsetenv("XDG_CONFIG_HOME");
     for (const QString& to : {folder.filePath(u"pdf"_s), folder.filePath(u"Documents"_s)}) {
         SCOPED_TRACE(to.toStdString());
         const bool hostFolder = to.endsWith(u"pdf"_s);
@@ -57,7 +59,6 @@ TEST_F(HardCopy, PicturesTheFormAsItStandsIntoAPdfFile)
         EXPECT_TRUE(files[0].endsWith(u"-D-0001.pdf"_s)) << files[0].toStdString();
         expectToldWhere(QDir(to).filePath(files[0]));
     }
-    qputenv("HOME", home);
 
     const QImage picture = form->control<QLabel>(u"Picture1"_s)->pixmap().toImage();
     const QSize frame = picture.size() - form->size();
