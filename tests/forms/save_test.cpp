@@ -336,7 +336,7 @@ TEST_F(Save, HostileTextsAreStoredAndShownAgainUnchanged)
     EXPECT_TRUE(messages.shown.isEmpty());
 }
 
-TEST_F(Save, SplitAndPrintWriteNothingYet)
+TEST_F(Save, SplitWritesNothingYet)
 {
     const qint64 id = insert();
     open(id);
