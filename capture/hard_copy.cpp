@@ -5,6 +5,7 @@
 #include "capture/pdf_file.h"
 #include "capture/print_picture.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFileInfo>
 #include <QPainter>
@@ -15,6 +16,7 @@
 #include <QStandardPaths>
 
 #include <cerrno>
+#include <cstring>
 #include <optional>
 
 namespace tolvinpt::capture {
@@ -53,33 +55,35 @@ void paintPage(QPagedPaintDevice& device, const QImage& picture, const QString& 
     try {
         PrintPictureToPage(device, painter, picture);
         if (!painter.end())
-            throw HardCopyError(QStringLiteral("Printer error"), 482);
+            throw printerError();
     } catch (const HardCopyError& e) {
         abort(painter);
         throw e.from(source);
     }
 }
 
+// The page is made in memory and written in one go, so a short write (a full disk) is seen for certain:
+// the PDF engine and a file's own buffer lose some write errors on the way.
 QString toPdfFile(const QImage& picture, const QString& title, const QString& key)
 {
     const std::unique_ptr<QFile> file = createPdfFile(pdfFolder(), key);
     const QString source = QDir::toNativeSeparators(file->fileName());
+    QBuffer page;
+    page.open(QIODevice::WriteOnly);
     {
-        QPdfWriter writer(file.get());
+        QPdfWriter writer(&page);
         writer.setTitle(title);
         writer.setPageLayout(pdfPage());
-        paintPage(writer, picture, source, [&](QPainter& painter) {
-            if (painter.isActive())
-                painter.end();
-            file->remove();
-        });
+        paintPage(writer, picture, source, [&](QPainter&) { file->remove(); });
     }
-    file->close();
-    if (file->error() != QFileDevice::NoError) {
-        const HardCopyError failure(file->errorString(), errno, source);
+    if (file->write(page.data()) != page.size() || !file->flush()) {
+        // A short write leaves the file without an error of its own; the system's says why.
+        const int number = errno;
+        const HardCopyError failure(QString::fromLocal8Bit(std::strerror(number)), number, source);
         file->remove();
         throw failure;
     }
+    file->close();
     return file->fileName();
 }
 

@@ -25,4 +25,15 @@ private:
     QString m_source;
 };
 
+// The run-time errors of a page, numbered as the runtime numbers them.
+inline HardCopyError divisionByZero()
+{
+    return {QStringLiteral("Division by zero"), 11};
+}
+// A printer (or print engine) that cannot start or end the job.
+inline HardCopyError printerError()
+{
+    return {QStringLiteral("Printer error"), 482};
+}
+
 } // namespace tolvinpt::capture

@@ -9,16 +9,6 @@
 namespace tolvinpt::capture {
 namespace {
 
-// The run-time errors a page can end in, numbered as the runtime numbers them.
-HardCopyError divisionByZero()
-{
-    return {QStringLiteral("Division by zero"), 11};
-}
-HardCopyError printerError()
-{
-    return {QStringLiteral("Printer error"), 482};
-}
-
 // Portrait when the picture is at least as high as it is wide, landscape otherwise.
 QPageLayout::Orientation pageOrientation(QSize picture)
 {

@@ -2,6 +2,7 @@
 // mode or browse mode; form_screenshot FOLDER hardcopy writes the hard copy of a demo record into FOLDER
 // as a PDF file and prints the file's path (offscreen, with the drawn frame and title bar).
 #include "capture/hard_copy.h"
+#include "capture/hard_copy_error.h"
 #include "capture/window_capture.h"
 #include "component/host_registry.h"
 #include "forms/frmData/frmData.h"
@@ -52,9 +53,14 @@ void typeDemoRecord(tolvinpt::frmData& form)
 QString hardCopy(tolvinpt::frmData& form, const QString& folder)
 {
     tolvinpt::capture::setHardCopyDestination({folder, false});
-    return tolvinpt::capture::PrintHardCopy(
-        tolvinpt::capture::CaptureFormWindow(form), form.windowTitle(),
-        form.control<QLineEdit>(QStringLiteral("txtPaymentKeyNo"))->text(), &form);
+    try {
+        return tolvinpt::capture::PrintHardCopy(
+            tolvinpt::capture::CaptureFormWindow(form), form.windowTitle(),
+            form.control<QLineEdit>(QStringLiteral("txtPaymentKeyNo"))->text(), &form);
+    } catch (const tolvinpt::capture::HardCopyError& e) {
+        std::fprintf(stderr, "%s\n", qPrintable(e.operatorText()));
+        return {};
+    }
 }
 
 } // namespace
