@@ -336,14 +336,4 @@ TEST_F(Save, HostileTextsAreStoredAndShownAgainUnchanged)
     EXPECT_TRUE(messages.shown.isEmpty());
 }
 
-TEST_F(Save, PrintWritesNothingYet)
-{
-    const qint64 id = insert();
-    open(id);
-    set(u"txtMyRemarksA"_s, u"TYPED"_s);
-    run(u"mnuDataPrint"_s);
-    EXPECT_TRUE(messages.shown.isEmpty());
-    EXPECT_TRUE(row(id)->isNull(C::F00164));
-}
-
 } // namespace

@@ -182,6 +182,8 @@ TEST(HostProgram, AnswersVersionAndRefusesUnknownOptions)
     EXPECT_EQ(program.exitCode(), 0);
     EXPECT_EQ(program.readAllStandardOutput(), QByteArray("50.0.1\n"));
     EXPECT_EQ(runHost({QStringLiteral("--no-such-option")}).first, toInt(ExitCode::BadCommandLine));
+    EXPECT_EQ(runHost({QStringLiteral("--print-to-pdf"), QStringLiteral("/no/such/folder")}).first,
+              toInt(ExitCode::BadCommandLine));
 }
 
 // The demo database is the same on every first run; a second run leaves the file as it was. The database
