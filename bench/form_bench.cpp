@@ -98,7 +98,7 @@ bool benchmarkDisplay(bench::RawFormReads& raw, const std::vector<qint64>& ids, 
     const auto ours = [&](std::vector<double>& samples) {
         for (const qint64 id : ids) {
             samples.push_back(bench::millisecondsOf([&] {
-                ShowDeliveryRecord(call.form, call.database, *call.customers, id);
+                ShowDeliveryRecord(call.form, call.store(), *call.customers, id);
                 call.form.repaint();
             }));
             sink += idField->text().toLongLong() == id;

@@ -59,7 +59,7 @@ void fillRecordList(EntryCall& call)
     std::vector<qint64> known;
     for (const auto& id : ids)
         known.push_back(id.value_or(0));
-    const auto keys = readDeliveryKeys(call.database, known);
+    const auto keys = readDeliveryKeys(call.store(), known);
     RecordListMenu* list = call.form.recordList();
     for (int position = 1; position <= gItems->Count(); ++position) {
         const QVariant element = gItems->Item(position);
@@ -87,7 +87,7 @@ void moveTo(EntryCall& call, qint32 position, const std::function<void()>& follo
     const bool inList = position >= 1 && position <= gItems->Count();
     try {
         if (inList)
-            record = readDeliveryRecord(call.database, recordIdOf(gItems->Item(position)));
+            record = readDeliveryRecord(call.store(), recordIdOf(gItems->Item(position)));
     } catch (const db::DatabaseError& e) {
         showMovementError(call.form, e.description(), e.number());
         return;
@@ -102,7 +102,7 @@ void moveTo(EntryCall& call, qint32 position, const std::function<void()>& follo
         }
         return;
     }
-    ShowDeliveryRecord(call.form, call.database, *call.customers, record);
+    ShowDeliveryRecord(call.form, call.store(), *call.customers, record);
 }
 
 void connectMovement(EntryCall& call)
@@ -121,7 +121,7 @@ class CallLink final : public EntryLink
 public:
     explicit CallLink(EntryCall& call) : m_call(call) {}
 
-    db::Database& database() override { return m_call.database; }
+    db::Database& database() override { return m_call.store(); }
     const CustomerList& customers() const override { return *m_call.customers; }
     std::shared_ptr<Customer> customerByCode(const QString& code) const override
     {
@@ -150,6 +150,8 @@ public:
         m_call.form.toolbar1()->setButtonEnabled(RecordList, several);
     }
 
+    SplitResult splitRecord(const DeliverySplit& split) override { return m_call.split(split); }
+
     // Back on the record from which the new one was started; a call without a position ends.
     void newRecordLeft() override
     {
@@ -166,13 +168,27 @@ private:
 } // namespace
 
 EntryCall::EntryCall(bool onList)
-    : company(held(gCompany)), customers(held(gCustomers)), database(openDatabase()), form(*company),
+    : company(held(gCompany)), customers(held(gCustomers)), m_database(openDatabase()), form(*company),
       onList(onList), link(std::make_unique<CallLink>(*this))
 {
     form.setEntryLink(link.get());
 }
 
 EntryCall::~EntryCall() = default;
+
+db::Database& EntryCall::store()
+{
+    m_openSplit.reset();
+    return m_database;
+}
+
+SplitResult EntryCall::split(const DeliverySplit& split)
+{
+    db::Database& database = store();
+    SplitResult result = splitDelivery(database, m_openSplit.emplace(database, db::Transaction::Kind::Write), split);
+    m_openSplit.reset(); // committed
+    return result;
+}
 
 std::unique_ptr<EntryCall> PrepareRecordList(Items& items)
 {
@@ -187,7 +203,7 @@ std::unique_ptr<EntryCall> PrepareRecordList(Items& items)
     form.toolbar1()->setButtonEnabled(Forward, several);
     form.toolbar1()->setButtonEnabled(RecordList, several);
     gIndex = 1;
-    ShowDeliveryRecord(form, call->database, *call->customers, recordIdOf(gItems->Item(gIndex)));
+    ShowDeliveryRecord(form, call->store(), *call->customers, recordIdOf(gItems->Item(gIndex)));
     connectMovement(*call);
     return call;
 }

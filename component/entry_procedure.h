@@ -2,11 +2,14 @@
 
 #include "forms/frmData/frmData.h"
 #include "platform/database.h"
+#include "platform/transaction.h"
+#include "store/delivery_split.h"
 
 #include <tolvinpt/host.h>
 #include <tolvinpt/items.h>
 
 #include <memory>
+#include <optional>
 
 namespace tolvinpt {
 
@@ -17,13 +20,31 @@ class EntryLink;
 // and the loaded form, which reaches the call through `link`. `onList`: the call runs on the host's
 // record list (InputData), which a record saved in new-record mode joins. Throws the "object not set"
 // error when a host object is missing.
+//
+// A split that fails leaves its write transaction open. The call keeps it and rolls it back before
+// anything of the call reaches the database again (store() is the only way there) and when the call
+// ends, so no half of a split is ever durable and no later save is lost with it.
 struct EntryCall
 {
     explicit EntryCall(bool onList = false);
     ~EntryCall();
+
+    // The call's database, for everything the call and its form read and write; a split's transaction
+    // left open is rolled back first.
+    db::Database& store();
+    // splitDelivery in a write transaction of the call's own, left open when the split throws.
+    SplitResult split(const DeliverySplit& split);
+
     std::shared_ptr<CompanySettings> company;
     std::shared_ptr<CustomerList> customers;
-    db::Database database;
+
+private:
+    db::Database m_database;
+    // The transaction of a split that failed; declared after the database, so it is rolled back before
+    // the database goes.
+    std::optional<db::Transaction> m_openSplit;
+
+public:
     frmData form;
     const bool onList;
     const std::unique_ptr<EntryLink> link;

@@ -30,31 +30,58 @@ CommandLine parseCommandLine(const QStringList& arguments, QTextStream& out, QTe
                                       QStringLiteral("使う SQLite データベースファイル (既定: %1)。")
                                           .arg(QDir::toNativeSeparators(defaultDatabasePath())),
                                       QStringLiteral("FILE"));
-    parser.addOptions({help, version, database});
+    const QCommandLineOption pdf(QStringLiteral("print-to-pdf"),
+                                 QStringLiteral("入力画面の「ﾊｰﾄﾞ ｺﾋﾟｰ」をプリンタではなく、このフォルダに "
+                                                "PDF ファイルで保存します (プリンタがないときは指定がなくても"
+                                                "ドキュメントフォルダに保存します)。"),
+                                 QStringLiteral("DIR"));
+    const QCommandLineOption preview(
+        QStringLiteral("print-preview"),
+        QStringLiteral("「ﾊｰﾄﾞ ｺﾋﾟｰ」を印刷プレビューで表示し、そこから印刷します。"));
+    parser.addOptions({help, version, database, pdf, preview});
 
+    const auto answered = [](ExitCode code) {
+        CommandLine done;
+        done.exitCode = toInt(code);
+        return done;
+    };
     if (!parser.parse(arguments)) {
         err << parser.errorText() << Qt::endl;
-        return {{}, toInt(ExitCode::BadCommandLine)};
+        return answered(ExitCode::BadCommandLine);
     }
     if (!parser.positionalArguments().isEmpty()) {
         err << QStringLiteral("余分な引数: %1").arg(parser.positionalArguments().join(u' ')) << Qt::endl;
-        return {{}, toInt(ExitCode::BadCommandLine)};
+        return answered(ExitCode::BadCommandLine);
     }
     if (parser.isSet(help)) {
         out << parser.helpText();
         out.flush();
-        return {{}, toInt(ExitCode::Ok)};
+        return answered(ExitCode::Ok);
     }
     if (parser.isSet(version)) {
         out << QStringLiteral(TOLVINPT_VERSION) << Qt::endl;
-        return {{}, toInt(ExitCode::Ok)};
+        return answered(ExitCode::Ok);
     }
-    if (parser.isSet(database))
-        return {parser.value(database), std::nullopt};
+    CommandLine commandLine;
+    if (parser.isSet(pdf)) {
+        const QFileInfo folder(parser.value(pdf));
+        if (!folder.isDir()) {
+            err << QStringLiteral("--print-to-pdf: フォルダがありません: %1")
+                       .arg(QDir::toNativeSeparators(folder.filePath()))
+                << Qt::endl;
+            return answered(ExitCode::BadCommandLine);
+        }
+        commandLine.pdfFolder = folder.absoluteFilePath();
+    }
+    commandLine.printPreview = parser.isSet(preview);
+    if (parser.isSet(database)) {
+        commandLine.databasePath = parser.value(database);
+        return commandLine;
+    }
     // Only our own default folder is created; a folder named by the user must exist.
-    const QString path = defaultDatabasePath();
-    QDir().mkpath(QFileInfo(path).path());
-    return {path, std::nullopt};
+    commandLine.databasePath = defaultDatabasePath();
+    QDir().mkpath(QFileInfo(commandLine.databasePath).path());
+    return commandLine;
 }
 
 } // namespace tolvinpt::host

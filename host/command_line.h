@@ -12,6 +12,9 @@ namespace tolvinpt::host {
 struct CommandLine
 {
     QString databasePath;
+    // Hard copies go to PDF files in this folder (absolute; empty: the printer); --print-preview.
+    QString pdfFolder;
+    bool printPreview = false;
     // Set when the command line has been answered in full (--help, --version, an error): exit with it.
     std::optional<int> exitCode;
 };

@@ -9,6 +9,7 @@
 
 #include "platform/messages.h"
 
+#include <tolvinpt/hard_copy.h>
 #include <tolvinpt/host.h>
 
 #include <QApplication>
@@ -106,6 +107,7 @@ int runHost(QApplication& app, bool headless)
     }
 
     RegisterHostObjects(makeHostObjects(kHostConnection));
+    SetHardCopySettings({commandLine.pdfFolder, commandLine.printPreview});
     int status = 0;
     {
         MainWindow window(kHostConnection, commandLine.databasePath, componentEntryCalls());

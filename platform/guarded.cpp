@@ -1,6 +1,8 @@
 #include "platform/guarded.h"
 
+#include <QApplication>
 #include <QDialog>
+#include <QPointer>
 #include <QtDebug>
 
 namespace tolvinpt {
@@ -35,8 +37,13 @@ int HandlerFailures::exec(QDialog& dialog)
 {
     rethrow();
     QDialog* outerDialog = std::exchange(m_dialog, &dialog);
+    const QPointer<QWidget> before = QApplication::activeWindow();
     const int result = dialog.exec();
     m_dialog = outerDialog;
+    // The keyboard goes back to the window the dialog came over. A window manager would see to that;
+    // without one (a bare X server, the offscreen platform) no window would be active any more.
+    if (before && before->isVisible())
+        before->activateWindow();
     rethrow();
     return result;
 }

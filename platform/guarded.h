@@ -30,8 +30,9 @@ public:
     HandlerFailures(const HandlerFailures&) = delete;
     HandlerFailures& operator=(const HandlerFailures&) = delete;
 
-    // Shows `dialog` modally; a handler failure closes it (without its close handling). Throws the first
-    // failure kept by this scope, also one kept before the show, in which case the dialog is not shown.
+    // Shows `dialog` modally; a handler failure closes it (without its close handling). Afterwards the
+    // window that was active before is active again. Throws the first failure kept by this scope, also one
+    // kept before the show, in which case the dialog is not shown.
     int exec(QDialog& dialog);
     // Throws the first failure kept so far, if any.
     void rethrow() const;

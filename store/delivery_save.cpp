@@ -77,19 +77,26 @@ std::optional<SaveOutcome> refusal(db::Database& database, const DeliverySave& s
     }
     if (save.isNew)
         return std::nullopt;
-    if (save.shown) {
-        const std::optional<DeliveryRecord> stored = readDeliveryRecord(database, save.id);
-        if (!stored)
-            return SaveOutcome::DeletedByOther;
-        if (!sameAsShown(*save.shown, *stored))
-            return SaveOutcome::ChangedByOther;
-    }
-    if (save.shownPackages && readPackageRows(database, save.id) != *save.shownPackages)
-        return SaveOutcome::ChangedByOther;
-    return std::nullopt;
+    return changedSinceShown(database, save.id, save.shown, save.shownPackages);
 }
 
 } // namespace
+
+std::optional<SaveOutcome> changedSinceShown(db::Database& database, qint64 id,
+                                             const std::optional<DeliveryRecord>& shown,
+                                             const std::optional<PackageRows>& shownPackages)
+{
+    if (shown) {
+        const std::optional<DeliveryRecord> stored = readDeliveryRecord(database, id);
+        if (!stored)
+            return SaveOutcome::DeletedByOther;
+        if (!sameAsShown(*shown, *stored))
+            return SaveOutcome::ChangedByOther;
+    }
+    if (shownPackages && readPackageRows(database, id) != *shownPackages)
+        return SaveOutcome::ChangedByOther;
+    return std::nullopt;
+}
 
 SaveResult saveDelivery(db::Database& database, const DeliverySave& save)
 {

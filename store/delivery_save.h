@@ -83,6 +83,14 @@ struct SaveResult
 // any DatabaseError (which it throws), leaves the database as it was.
 SaveResult saveDelivery(db::Database& database, const DeliverySave& save);
 
+// Whether the stored record `id` is still what a form showed: its row (`shown`) and package rows
+// (`shownPackages`), each compared when given. nullopt when it is; DeletedByOther when the row is gone,
+// ChangedByOther when another operator changed it. The save and the split ask inside their write
+// transaction. Throws DatabaseError.
+std::optional<SaveOutcome> changedSinceShown(db::Database& database, qint64 id,
+                                             const std::optional<DeliveryRecord>& shown,
+                                             const std::optional<PackageRows>& shownPackages);
+
 // The record of `customer` whose order number matches the Like pattern `orderPattern` (used as given:
 // the caller removes trailing blanks), waste box included, with the smallest delivery key number;
 // nullopt when there is none. Throws DatabaseError.

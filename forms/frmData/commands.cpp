@@ -28,7 +28,7 @@ constexpr QStringView LeaveQuestion = u"内容が変更されています\r\n\r\
 constexpr QStringView LeaveTitle = u"変更保存...";
 
 // A command: its menu item, the toolbar button that does the same (none for most), and the procedure.
-// Split, print and the per-package editor come later; until then their items and buttons do nothing.
+// Print comes later; until then its item does nothing.
 struct Command
 {
     QStringView menuItem;
@@ -40,6 +40,7 @@ constexpr Command Commands[] = {
     {u"mnuDataSave", u"変更保存", &frmData::mnuDataSave_Click},
     {u"mnuDataPrevious", u"戻る", &frmData::mnuDataPrevious_Click},
     {u"mnuDataNext", u"進む", &frmData::mnuDataNext_Click},
+    {u"mnuDataDivide", u"分割", &frmData::mnuDataDivide_Click},
     {u"mnuDataDetail", u"詳細変更", &frmData::mnuDataDetail_Click},
     {u"mnuExitCancel", u"", &frmData::mnuExitCancel_Click},
     {u"mnuDataExit", u"", &frmData::mnuDataExit_Click},

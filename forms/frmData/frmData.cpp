@@ -2,6 +2,7 @@
 
 #include "forms/form_font.h"
 #include "forms/frmData/catalogue.h"
+#include "forms/frmData/hard_copy.h"
 #include "forms/frmData/package_editor.h"
 #include "forms/frmData/record_list_menu.h"
 #include "forms/keyed_toolbar.h"
@@ -29,6 +30,7 @@ frmData::frmData(const CompanySettings& company, QWidget* parent) : QDialog(pare
     installFieldRules();
     connectCommands();
     frmdata::connectPackageEditor(*this);
+    frmdata::connectHardCopy(*this);
     Form_Load();
 }
 

@@ -14,6 +14,7 @@
 namespace tolvinpt {
 
 class CompanySettings;
+struct DivideRequest;
 class EntryLink;
 class KeyedToolBar;
 class ValidateOnLeave;
@@ -73,6 +74,13 @@ public:
     // Writes the record in one transaction; true when it was saved, with the flags then cleared. Every
     // failure has been told to the operator, and the form keeps what was typed.
     bool SaveRecord();
+
+    // Divides the record on screen in two (forms/frmData/record_split.cpp): the split dialog, then
+    // SplitRecord; the record is shown again from the database whatever came of it.
+    void mnuDataDivide_Click();
+    // Stores the split that the dialog asked for: true when both records were stored and the new one
+    // joined the record list. Every refusal and failure has been told to the operator.
+    bool SplitRecord(const DivideRequest& request);
 
     // Commands (forms/frmData/commands.cpp); the toolbars and the menus run them.
     void mnuDataNew_Click();

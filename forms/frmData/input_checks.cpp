@@ -37,7 +37,7 @@ constexpr Notice OrderQuantityZero = {u"注文数量が ｾﾞﾛ です", u"[�
 constexpr Notice DeliveryQuantityZero = {u"納入数量に ｾﾞﾛ は入力できません", u"[納入数量] - 入力ﾁｪｯｸ"};
 constexpr Notice DeliveryQuantityTooLarge = {u"納入数量の最大値は 999,999,999.999 です",
                                              u"[納入数量] - 入力ﾁｪｯｸ"};
-constexpr Notice DuplicateKey = {u"同一の納品ｷｰ番号が存在します", u"重複ﾁｪｯｸ"};
+constexpr Notice DuplicateKey = {DuplicateKeyText, u"重複ﾁｪｯｸ"};
 constexpr Notice DueDateEmpty = {u"納期が入力されていません", u"[納期] - 入力ﾁｪｯｸ"};
 constexpr Notice ShipDateEmpty = {u"出荷日が入力されていません", u"[出荷日] - 入力ﾁｪｯｸ"};
 struct DateCheck

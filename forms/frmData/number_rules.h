@@ -15,6 +15,8 @@ namespace tolvinpt::frmdata {
 
 // Decimals a quantity keeps.
 constexpr int QuantityDecimals = 3;
+// The smallest quantity a delivery can be broken down or split with, and that a split leaves: 0.001.
+constexpr Currency SmallestQuantity = Currency::fromRaw(10);
 // The largest quantity: 999999999.999.
 constexpr Currency MaxQuantity = Currency::fromRaw(9'999'999'999'990);
 

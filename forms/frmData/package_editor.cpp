@@ -17,8 +17,6 @@ namespace {
 
 constexpr QStringView NothingToBreakDown = u"個別設定できる納入数量がありません";
 constexpr QStringView Title = u"個別入数入力...";
-// A delivery of this much or less cannot be broken down.
-constexpr Currency Smallest = Currency::fromRaw(10); // 0.001
 
 // The dialog's left edge where the form's inner width ends less the dialog's, its top at the form's.
 void placeBeside(QDialog& dialog, const frmData& form)
@@ -43,7 +41,7 @@ void cmdQuantity_Click(frmData& form)
         return;
     }
     auto* delivery = form.control<QLineEdit>(u"txtAmountDelivery"_s);
-    if (readCurrency(delivery->text()) <= Smallest) {
+    if (readCurrency(delivery->text()) <= SmallestQuantity) {
         messages().beep();
         showExclamation(NothingToBreakDown.toString(), Title.toString());
         return;

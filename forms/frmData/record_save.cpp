@@ -16,12 +16,9 @@ namespace tolvinpt {
 namespace {
 
 constexpr QStringView SaveTitle = u"ﾃﾞｰﾀの保存";
-constexpr QStringView ChangedByOther = u"このﾃﾞｰﾀは、表示した後に他の担当者が変更しました\r\n\r\n"
-                                       u"入力した内容は保存されていません\r\n\r\n"
-                                       u"他の担当者が保存した内容を表示しますか\r\n"
-                                       u"(「いいえ」: 入力した内容をそのまま残します)";
-constexpr QStringView DeletedByOther = u"このﾃﾞｰﾀは、表示した後に他の担当者が削除しました\r\n\r\n"
-                                       u"入力した内容は保存されていません";
+constexpr QStringView NotSaved = u"\r\n\r\n入力した内容は保存されていません";
+constexpr QStringView OfferStored = u"\r\n\r\n他の担当者が保存した内容を表示しますか\r\n"
+                                    u"(「いいえ」: 入力した内容をそのまま残します)";
 
 void showSaveError(const db::DatabaseError& error)
 {
@@ -32,7 +29,8 @@ void showSaveError(const db::DatabaseError& error)
 // stored record.
 void offerReload(frmData& form, qint64 id)
 {
-    const Message question{ChangedByOther.toString(), SaveTitle.toString(), QMessageBox::Question,
+    const Message question{ChangedByOtherText.toString() + NotSaved + OfferStored, SaveTitle.toString(),
+                           QMessageBox::Question,
                            QMessageBox::Yes | QMessageBox::No, QMessageBox::No};
     if (messages().show(question) != QMessageBox::Yes)
         return;
@@ -66,7 +64,7 @@ bool frmData::SaveRecord()
         offerReload(*this, save.id);
         return false;
     case SaveOutcome::DeletedByOther:
-        showExclamation(DeletedByOther.toString(), SaveTitle.toString());
+        showExclamation(DeletedByOtherText.toString() + NotSaved, SaveTitle.toString());
         return false;
     }
     auto* id = control<QLineEdit>(u"txtIDData"_s);

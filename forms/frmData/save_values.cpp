@@ -52,15 +52,6 @@ QString priceOf(const QString& text)
     return price->toString();
 }
 
-// The record's id as its text reads; 0 when the text is empty.
-qint64 recordIdOnScreen(const frmData& form)
-{
-    const auto id = leadingRecordId(textOf(form, u"txtIDData"));
-    if (!id)
-        throw RunTimeError(u"Overflow"_s, 6);
-    return *id;
-}
-
 DeliveryRecord detailOf(const frmData& form, const db::SqlDialect& dialect)
 {
     DeliveryRecord row;
@@ -104,6 +95,14 @@ DeliverySave::Packages packagesOf(const frmData& form)
 }
 
 } // namespace
+
+qint64 recordIdOnScreen(const frmData& form)
+{
+    const auto id = leadingRecordId(textOf(form, u"txtIDData"));
+    if (!id)
+        throw RunTimeError(u"Overflow"_s, 6);
+    return *id;
+}
 
 DeliverySave deliverySaveOf(const frmData& form, const db::SqlDialect& dialect)
 {

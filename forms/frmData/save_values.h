@@ -14,4 +14,7 @@ class SqlDialect;
 // that does not convert (a date that is no date, a price that is no number, no customer selected).
 DeliverySave deliverySaveOf(const frmData& form, const db::SqlDialect& dialect);
 
+// The id of the record on screen as txtIDData reads; 0 when it is empty. Throws RunTimeError (overflow).
+qint64 recordIdOnScreen(const frmData& form);
+
 } // namespace tolvinpt

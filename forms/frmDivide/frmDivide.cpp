@@ -53,8 +53,6 @@ constexpr QStringView ZeroAmount = u"納入数量に ｾﾞﾛ は入力でき�
 constexpr QStringView NegativeAmount = u"納入数量に ﾏｲﾅｽ は入力できません";
 constexpr QStringView AboveMaximum = u"納入数量の最大値は 999,999,999.999 です";
 constexpr QStringView NothingLeft = u"分割後の数量が、分割前の数量を超えています";
-// The source record keeps at least this much.
-constexpr Currency SmallestRest = Currency::fromRaw(10); // 0.001
 
 QString payment(int index)
 {
@@ -174,7 +172,7 @@ void frmDivide::txtAmount_Validate(int index, bool& cancel)
         refusal = NegativeAmount;
     else if (moved > frmdata::MaxQuantity)
         refusal = AboveMaximum;
-    else if (before - moved < SmallestRest)
+    else if (before - moved < frmdata::SmallestQuantity)
         refusal = NothingLeft;
     if (!refusal.isEmpty()) {
         cancel = true;

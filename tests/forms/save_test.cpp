@@ -336,16 +336,4 @@ TEST_F(Save, HostileTextsAreStoredAndShownAgainUnchanged)
     EXPECT_TRUE(messages.shown.isEmpty());
 }
 
-TEST_F(Save, SplitAndPrintWriteNothingYet)
-{
-    const qint64 id = insert();
-    open(id);
-    set(u"txtMyRemarksA"_s, u"TYPED"_s);
-    run(u"mnuDataDivide"_s);
-    run(u"mnuDataPrint"_s);
-    form->toolbar1()->button(u"分割"_s)->click();
-    EXPECT_TRUE(messages.shown.isEmpty());
-    EXPECT_TRUE(row(id)->isNull(C::F00164));
-}
-
 } // namespace

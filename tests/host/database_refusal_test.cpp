@@ -180,6 +180,7 @@ TEST(HostProgram, AnswersVersionAndRefusesUnknownOptions)
     EXPECT_EQ(program.exitCode(), 0);
     EXPECT_EQ(program.readAllStandardOutput(), QByteArray("50.0.1\n"));
     EXPECT_EQ(runHost({u"--no-such-option"_s}).first, toInt(ExitCode::BadCommandLine));
+    EXPECT_EQ(runHost({u"--print-to-pdf"_s, u"/no/such/folder"_s}).first, toInt(ExitCode::BadCommandLine));
 }
 
 // The demo database is the same on every first run; a second run leaves the file as it was. The database

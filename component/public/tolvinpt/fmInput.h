@@ -2,6 +2,7 @@
 
 #include <tolvinpt/error.h>
 #include <tolvinpt/global.h>
+#include <tolvinpt/hard_copy.h>
 #include <tolvinpt/host.h>
 #include <tolvinpt/items.h>
 
