@@ -1,5 +1,6 @@
 // The list window on a real demo database, driven through its widgets offscreen.
 #include "tests/host/host_fixture.h"
+#include "tests/support/operator_input.h"
 #include "tests/support/scripted_messages.h"
 
 #include "host/delivery_list_model.h"
@@ -64,9 +65,7 @@ protected:
         auto recording = std::make_unique<RecordingCalls>();
         calls = recording.get();
         window = std::make_unique<MainWindow>(connection, path, std::move(recording));
-        window->show();
-        window->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        ASSERT_TRUE(tolvinpt::test::showActive(window.get()));
         ASSERT_TRUE(view = window->findChild<QTableView*>(u"deliveryList"_s));
     }
     void TearDown() override
