@@ -18,11 +18,9 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QSqlQuery>
+#include <QTest>
 #include <QTimer>
 #include <QToolButton>
-
-#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -41,16 +39,8 @@ protected:
     void SetUp() override
     {
         host.connectionName = temp.connectionName();
-        test::FakeCustomerData buyer;
-        buyer.id = 1;
-        buyer.code = u"1234"_s;
-        buyer.name = u"東京電機"_s;
-        buyer.subCodes = {u"01"_s, u"02"_s};
-        test::FakeCustomerData gone = buyer;
-        gone.id = 2;
-        gone.code = u"9999"_s;
-        gone.deleted = true;
-        host.customers = {buyer, gone};
+        host.customers = {{.id = 1, .code = u"1234"_s, .name = u"東京電機"_s, .subCodes = {u"01"_s, u"02"_s}},
+                          {.id = 2, .code = u"9999"_s, .name = u"東京電機"_s, .deleted = true}};
         test::registerFakeHost(host);
         for (const char* key : {"K-1", "K-2", "K-3"})
             ids.append(insert(QString::fromLatin1(key)));
@@ -92,15 +82,9 @@ protected:
     }
 
     // The one message since the last check: a failed movement, "description (number)" on the form's caption.
-    void expectMovementMessage(const QString& text)
+    void expectMovementMessage(QStringView text)
     {
-        ASSERT_EQ(messages.shown.size(), 1);
-        const Message& m = messages.shown[0];
-        EXPECT_EQ(m.text, text);
-        EXPECT_EQ(m.title, u"納品ﾃﾞｰﾀの入力"_s);
-        EXPECT_EQ(m.icon, QMessageBox::Warning);
-        EXPECT_EQ(m.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
-        messages.shown.clear();
+        messages.expectShown({test::okMessage(text, u"納品ﾃﾞｰﾀの入力")});
     }
 
     test::TempDatabase temp;

@@ -1,7 +1,27 @@
 // One entry call from the host's side: the form on the host's list, the record list, movement, errors.
 #include "entry_call_fixture.h"
 
+#include "component/state.h"
+
 namespace {
+
+// Active customers are counted anew on every call; with none, neither call opens the form.
+TEST_F(EntryCall, WithoutAnActiveCustomerNeitherCallOpensTheForm)
+{
+    fmInput counting;
+    EXPECT_EQ(CountActiveCustomers(), 1);
+    Items empty;
+    counting.InputData(empty); // nothing to show, nothing said
+    const Message none = test::okMessage(u"得意先を登録してください", u"入力...");
+    for (const auto& customers : {QList<test::FakeCustomerData>{}, {host.customers[1]}}) {
+        host.customers = customers;
+        fmInput input;
+        Items items{ids[0]};
+        input.InputData(items);
+        EXPECT_FALSE(input.NewData());
+        messages.expectShown({none, none});
+    }
+}
 
 TEST_F(EntryCall, ButtonsFollowThePositionThroughTheList)
 {

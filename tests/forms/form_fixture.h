@@ -8,6 +8,7 @@
 #include "forms/frmData/frmData.h"
 #include "platform/validate_on_leave.h"
 #include "tests/support/fake_host.h"
+#include "tests/support/operator_input.h"
 #include "tests/support/scripted_messages.h"
 
 #include <QAbstractButton>
@@ -60,9 +61,7 @@ protected:
     {
         load();
         form->gNewStart();
-        form->show();
-        form->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        ASSERT_TRUE(showActive(form.get()));
     }
 
     QWidget* control(const QString& name) const { return form->control(name); }
@@ -70,12 +69,7 @@ protected:
     QComboBox* combo(const QString& name) const { return form->control<QComboBox>(name); }
     void clearFlags() const { form->bChanged = form->bChangedAmount = form->bChangedQTY = false; }
 
-    // A click as the window system delivers it: through the window, at the centre of `target`.
-    void click(QWidget* target) const
-    {
-        QTest::mouseClick(form->windowHandle(), Qt::LeftButton, {},
-                          target->mapTo(form.get(), target->rect().center()));
-    }
+    static void click(QWidget* target) { clickThrough(target); }
     // Brings the field's information page to the front, then clicks into the field.
     void enter(const QString& name) const
     {
@@ -101,10 +95,7 @@ protected:
             QApplication::sendEvent(box, &composing);
             QApplication::sendEvent(box, &committed);
         } else {
-            for (const char32_t c : text.toUcs4())
-                QTest::sendKeyEvent(QTest::Click, box,
-                                    c < 0x80 ? QTest::asciiToKey(char(c)) : Qt::Key_unknown,
-                                    QString::fromUcs4(&c, 1), Qt::NoModifier);
+            typeText(text);
         }
     }
     // Leaves the focused field; a click goes to txtMyHCode (txtHCode from there), open and empty here.

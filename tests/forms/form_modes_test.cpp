@@ -189,8 +189,7 @@ TEST_F(FormModesTest, ToolbarButtonsByPositionAndKey)
 TEST_F(FormModesTest, RecordListKeepsInsertionOrderAndReportsOneBasedIndices)
 {
     load();
-    form->show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+    ASSERT_TRUE(showActive(form.get()));
     RecordListMenu* list = form->recordList();
     EXPECT_EQ(form->toolbar1()->button(u"一覧選択"_s)->menu(), list);
     EXPECT_TRUE(list->addEntry(u"30Key"_s, u"K-030"_s));
@@ -225,8 +224,7 @@ TEST_F(FormModesTest, RecordListKeepsInsertionOrderAndReportsOneBasedIndices)
 TEST_F(FormModesTest, OnlyTheShownMenusShortcutsWork)
 {
     load();
-    form->show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+    ASSERT_TRUE(showActive(form.get()));
     QSignalSpy save(form->menuItem(u"mnuDataSave"_s), &QAction::triggered);
     QSignalSpy newSave(form->menuItem(u"mnuNewDataSave"_s), &QAction::triggered);
     for (bool newRecord : {false, true}) {

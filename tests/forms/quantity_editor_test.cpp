@@ -28,9 +28,7 @@ protected:
         dialog = std::make_unique<frmQuantity>(loaded);
         field(u"txtDelivery"_s)->setText(delivery);
         field(u"txtEquality"_s)->setText(equality);
-        dialog->show();
-        dialog->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+        ASSERT_TRUE(showActive(dialog.get()));
         ASSERT_EQ(QApplication::focusWidget(), dialog->grid());
     }
     QLineEdit* field(const QString& name) const { return dialog->control<QLineEdit>(name); }
@@ -60,20 +58,12 @@ protected:
             }
         }
     }
-    // A click as the window system delivers it, at the centre of `target`.
-    void click(QWidget* target) const
-    {
-        QTest::mouseClick(dialog->windowHandle(), Qt::LeftButton, {},
-                          target->mapTo(dialog.get(), target->rect().center()));
-    }
     void toolbar(const QString& key) const { QTest::mouseClick(dialog->toolbar1()->button(key), Qt::LeftButton); }
     void clickRow(int row) const
     {
         const QModelIndex index = dialog->grid()->model()->index(row - 1, 0);
         dialog->grid()->scrollTo(index);
-        QWidget* viewport = dialog->grid()->viewport();
-        QTest::mouseClick(dialog->windowHandle(), Qt::LeftButton, {},
-                          viewport->mapTo(dialog.get(), dialog->grid()->visualRect(index).center()));
+        clickThrough(dialog->grid()->viewport(), dialog->grid()->visualRect(index).center());
     }
 
     ScriptedMessages messages;
@@ -129,7 +119,7 @@ TEST_F(QuantityEditorTest, TheEqualSplitQuantityIsCheckedOnLeavingAndByEnter)
     for (const auto& c : cases) {
         SCOPED_TRACE(c.typed.toStdString());
         if (QApplication::focusWidget() != field(u"txtEquality"_s)) {
-            click(field(u"txtEquality"_s));
+            clickThrough(field(u"txtEquality"_s));
             ASSERT_EQ(field(u"txtEquality"_s)->selectedText(), field(u"txtEquality"_s)->text()) << "entering selects all";
         }
         QTest::keyClick(field(u"txtEquality"_s), Qt::Key_A, Qt::ControlModifier);

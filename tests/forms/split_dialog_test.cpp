@@ -1,5 +1,6 @@
 // The split dialog through its widgets: the new key number, the quantity to move, OK, ｷｬﾝｾﾙ, Escape.
 #include "forms/frmDivide/frmDivide.h"
+#include "tests/support/operator_input.h"
 #include "tests/support/scripted_messages.h"
 
 #include <QApplication>
@@ -21,9 +22,7 @@ protected:
     {
         dialog = std::make_unique<frmDivide>();
         dialog->fill({u"12"_s, u"KEY-1"_s, u"10"_s});
-        dialog->show();
-        dialog->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+        ASSERT_TRUE(showActive(dialog.get()));
     }
     QLineEdit* field(const QString& name) const { return dialog->control<QLineEdit>(name); }
     // Replaces the text of `name` as typed (or pasted) and ends with `key`, in the field.
@@ -57,7 +56,8 @@ TEST_F(SplitDialogTest, TheNewKeyMustDifferAndBeHalfWidth)
     enter(u"txtPayment(1)"_s, u"KEY-1"_s);
     expectRefused(u"納品ｷｰ番号を入力してください", u"入力ﾁｪｯｸ - 納品ｷｰ番号", u"txtPayment(1)"_s);
     enter(u"txtPayment(1)"_s, u"鍵1"_s, Qt::Key_Tab, true);
-    expectRefused(u"半角文字のみ入力可能です\r\n最大文字数は 23 桁です", u"入力ﾁｪｯｸ - 半角項目", u"txtPayment(1)"_s);
+    expectRefused(u"半角文字のみ入力可能です\r\n最大文字数は 23 桁です", u"入力ﾁｪｯｸ - 半角項目",
+                  u"txtPayment(1)"_s);
     enter(u"txtPayment(1)"_s, u"ＫＥＹ－２ "_s, Qt::Key_Tab, true);
     EXPECT_EQ(field(u"txtPayment(1)"_s)->text(), u"KEY-2"_s);
     EXPECT_EQ(QApplication::focusWidget(), field(u"txtAmount(1)"_s));

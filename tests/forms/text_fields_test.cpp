@@ -72,10 +72,7 @@ TEST_F(TextFieldTest, WidthRules)
 TEST_F(TextFieldTest, SwitchingTheInformationPageChecksTheFieldFirst)
 {
     auto* tabs = form->control<QTabBar>(u"TabStrip1"_s);
-    const auto clickTab = [&](int index) {
-        QTest::mouseClick(form->windowHandle(), Qt::LeftButton, {},
-                          tabs->mapTo(form.get(), tabs->tabRect(index).center()));
-    };
+    const auto clickTab = [&](int index) { clickThrough(tabs, tabs->tabRect(index).center()); };
     enter(u"txtMyRemarksA"_s);
     input(u"備考"_s);
     clickTab(1);

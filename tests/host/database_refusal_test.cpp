@@ -16,18 +16,20 @@
 namespace tolvinpt::host::test {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using tolvinpt::test::ScriptedMessages;
 
 // Writes a SQLite file through its own connection; with `ours`, a host database changed by `statements`.
 void makeSqliteFile(const QString& path, const QStringList& statements, bool ours = false)
 {
-    const QString name = QStringLiteral("host-test-maker");
+    const QString name = u"host-test-maker"_s;
     if (ours) {
         ASSERT_EQ(openHostDatabase(path, name).code, ExitCode::Ok);
         closeHostDatabase(name);
     }
     {
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+        QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, name);
         db.setDatabaseName(path);
         ASSERT_TRUE(db.open());
         for (const QString& sql : statements)
@@ -59,59 +61,55 @@ QMap<QString, QByteArray> snapshot(const QString& dir)
     return files;
 }
 
+// What is found at the path: nothing, a folder, a text file, a SQLite file made by `sql`, or a host
+// database changed by `sql`.
+enum class Made { Nothing, Folder, Text, Sqlite, Ours };
+
 struct Refusal
 {
     const char* name;
-    const char* file;                     // as given, in a fresh folder that is the current one
-    void (*prepare)(const QString& path); // makes what is found at `path`
+    const char* file; // as given, in a fresh folder that is the current one
+    Made made;
+    QStringList sql;
     ExitCode expected;
     const char16_t* messageStart;
 };
 
+void make(const Refusal& refusal, const QString& path)
+{
+    if (refusal.made == Made::Folder)
+        QDir().mkdir(path);
+    if (refusal.made == Made::Text) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(QByteArray("納品メモ: これはデータベースではありません\n").repeated(200));
+    }
+    if (refusal.made == Made::Sqlite || refusal.made == Made::Ours)
+        makeSqliteFile(path, refusal.sql, refusal.made == Made::Ours);
+}
+
+constexpr const char16_t* NoFile = u"データベースにはファイルを指定してください";
+constexpr const char16_t* NotOurs = u"このファイルは tolvinpt-host のデータベースではありません";
+// clang-format off
 const Refusal kRefusals[] = {
-    {"NoName", "", [](const QString&) {}, ExitCode::CannotOpen,
-     u"データベースにはファイルを指定してください"},
-    {"InMemory", ":memory:", [](const QString&) {}, ExitCode::CannotOpen,
-     u"データベースにはファイルを指定してください"},
-    {"InMemoryUri", "file:demo.sqlite?mode=memory", [](const QString&) {}, ExitCode::CannotOpen,
-     u"データベースにはファイルを指定してください"},
-    {"MissingFolder", "absent/demo.sqlite", [](const QString&) {}, ExitCode::CannotOpen,
-     u"データベースのフォルダがありません"},
-    {"FolderInsteadOfFile", "demo.sqlite", [](const QString& path) { QDir().mkdir(path); },
-     ExitCode::CannotOpen, u"データベースのファイルではありません"},
-    {"NotSqlite", "demo.sqlite",
-     [](const QString& path) {
-         QFile file(path);
-         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-         file.write(QByteArray("納品メモ: これはデータベースではありません\n").repeated(200));
-     },
-     ExitCode::NotADatabase, u"このファイルは SQLite のデータベースではありません"},
-    {"ForeignSqlite", "demo.sqlite",
-     [](const QString& path) {
-         makeSqliteFile(path, {QStringLiteral("PRAGMA application_id = 1234"),
-                               QStringLiteral("CREATE TABLE T_Delivery (IDData INTEGER PRIMARY KEY)"),
-                               QStringLiteral("INSERT INTO T_Delivery VALUES (7)")});
-     },
-     ExitCode::ForeignDatabase, u"このファイルは tolvinpt-host のデータベースではありません"},
-    {"OursWithATableMissing", "demo.sqlite",
-     [](const QString& path) {
-         makeSqliteFile(path, {QStringLiteral("DROP TABLE T_CustomerSettings")}, true);
-     },
-     ExitCode::ForeignDatabase, u"このファイルは tolvinpt-host のデータベースではありません"},
-    {"FromANewerHost", "demo.sqlite",
-     [](const QString& path) {
-         makeSqliteFile(path, {QStringLiteral("PRAGMA user_version = %1").arg(kSchemaVersion + 1)}, true);
-     },
+    {"NoName", "", Made::Nothing, {}, ExitCode::CannotOpen, NoFile},
+    {"InMemory", ":memory:", Made::Nothing, {}, ExitCode::CannotOpen, NoFile},
+    {"InMemoryUri", "file:demo.sqlite?mode=memory", Made::Nothing, {}, ExitCode::CannotOpen, NoFile},
+    {"MissingFolder", "absent/demo.sqlite", Made::Nothing, {}, ExitCode::CannotOpen, u"データベースのフォルダがありません"},
+    {"FolderInsteadOfFile", "demo.sqlite", Made::Folder, {}, ExitCode::CannotOpen, u"データベースのファイルではありません"},
+    {"NotSqlite", "demo.sqlite", Made::Text, {}, ExitCode::NotADatabase, u"このファイルは SQLite のデータベースではありません"},
+    {"ForeignSqlite", "demo.sqlite", Made::Sqlite, {u"PRAGMA application_id = 1234"_s,
+     u"CREATE TABLE T_Delivery (IDData INTEGER PRIMARY KEY)"_s, u"INSERT INTO T_Delivery VALUES (7)"_s},
+     ExitCode::ForeignDatabase, NotOurs},
+    {"OursWithATableMissing", "demo.sqlite", Made::Ours, {u"DROP TABLE T_CustomerSettings"_s},
+     ExitCode::ForeignDatabase, NotOurs},
+    {"FromANewerHost", "demo.sqlite", Made::Ours, {u"PRAGMA user_version = %1"_s.arg(kSchemaVersion + 1)},
      ExitCode::NewerDatabase, u"このデータベースは新しい版の tolvinpt-host で作られています"},
-    {"OursWithColumnsMissing", "demo.sqlite",
-     [](const QString& path) {
-         makeSqliteFile(path,
-                        {QStringLiteral("ALTER TABLE T_Delivery DROP COLUMN F00018"),
-                         QStringLiteral("ALTER TABLE T_OwnCode DROP COLUMN Name")},
-                        true);
-     },
+    {"OursWithColumnsMissing", "demo.sqlite", Made::Ours,
+     {u"ALTER TABLE T_Delivery DROP COLUMN F00018"_s, u"ALTER TABLE T_OwnCode DROP COLUMN Name"_s},
      ExitCode::MissingColumns, u"データベースの表に必要な列がありません: T_Delivery.F00018, T_OwnCode.Name"},
 };
+// clang-format on
 
 void PrintTo(const Refusal& refusal, std::ostream* os)
 {
@@ -126,9 +124,9 @@ TEST_P(DatabaseRefusal, IsReportedAndLeavesTheFileAlone)
 {
     QTemporaryDir dir;
     const QString path = QString::fromLatin1(GetParam().file);
-    GetParam().prepare(dir.filePath(path));
+    make(GetParam(), dir.filePath(path));
     const auto before = snapshot(dir.path());
-    const QString line = QStringLiteral("tolvinpt-host: ") + QString::fromUtf16(GetParam().messageStart);
+    const QString line = u"tolvinpt-host: "_s + QString::fromUtf16(GetParam().messageStart);
 
     ScriptedMessages messages;
     QString errText;
@@ -147,7 +145,7 @@ TEST_P(DatabaseRefusal, IsReportedAndLeavesTheFileAlone)
     EXPECT_EQ(snapshot(dir.path()), before);
 
     // The program itself: the same status, the line on stderr, and no message box offscreen.
-    const auto [code, stderrText] = runHost({QStringLiteral("--database"), path}, {}, dir.path());
+    const auto [code, stderrText] = runHost({u"--database"_s, path}, {}, dir.path());
     EXPECT_EQ(code, toInt(GetParam().expected));
     EXPECT_TRUE(stderrText.contains(line)) << stderrText.toStdString();
     EXPECT_EQ(snapshot(dir.path()), before);
@@ -161,7 +159,7 @@ TEST(DatabaseRefusalUnreadable, FileWithoutReadPermissionIsRefused)
     if (geteuid() == 0)
         GTEST_SKIP() << "root reads every file; the missing folder and folder cases cover CannotOpen";
     QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("locked.sqlite"));
+    const QString path = dir.filePath(u"locked.sqlite"_s);
     makeSqliteFile(path, {}, true);
     const QByteArray before = fileHash(path);
     QFile::setPermissions(path, {});
@@ -177,13 +175,12 @@ TEST(DatabaseRefusalUnreadable, FileWithoutReadPermissionIsRefused)
 TEST(HostProgram, AnswersVersionAndRefusesUnknownOptions)
 {
     QProcess program;
-    program.start(QStringLiteral(TOLVINPT_HOST_PROGRAM), {QStringLiteral("--version")});
+    program.start(QStringLiteral(TOLVINPT_HOST_PROGRAM), {u"--version"_s});
     ASSERT_TRUE(program.waitForFinished(30000));
     EXPECT_EQ(program.exitCode(), 0);
     EXPECT_EQ(program.readAllStandardOutput(), QByteArray("50.0.1\n"));
-    EXPECT_EQ(runHost({QStringLiteral("--no-such-option")}).first, toInt(ExitCode::BadCommandLine));
-    EXPECT_EQ(runHost({QStringLiteral("--print-to-pdf"), QStringLiteral("/no/such/folder")}).first,
-              toInt(ExitCode::BadCommandLine));
+    EXPECT_EQ(runHost({u"--no-such-option"_s}).first, toInt(ExitCode::BadCommandLine));
+    EXPECT_EQ(runHost({u"--print-to-pdf"_s, u"/no/such/folder"_s}).first, toInt(ExitCode::BadCommandLine));
 }
 
 // The demo database is the same on every first run; a second run leaves the file as it was. The database
@@ -197,7 +194,7 @@ TEST(HostProgram, CreatesTheSameDemoDatabaseOnceWithoutADisplay)
     QList<QByteArray> hashes;
     for (const char* name : {"first.sqlite", "first.sqlite", "second.sqlite"}) {
         const QString path = dir.filePath(QString::fromLatin1(name));
-        EXPECT_EQ(runHost({QStringLiteral("--database"), path}, env).first, toInt(ExitCode::NoDisplay));
+        EXPECT_EQ(runHost({u"--database"_s, path}, env).first, toInt(ExitCode::NoDisplay));
         hashes << fileHash(path);
     }
     EXPECT_FALSE(hashes[0].isEmpty());

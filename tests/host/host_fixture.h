@@ -15,6 +15,8 @@
 
 namespace tolvinpt::host::test {
 
+using namespace Qt::StringLiterals;
+
 inline QByteArray fileHash(const QString& path)
 {
     QFile file(path);
@@ -23,15 +25,20 @@ inline QByteArray fileHash(const QString& path)
     return QCryptographicHash::hash(file.readAll(), QCryptographicHash::Sha256);
 }
 
-// The first value of the first row of `sql`; a statement that fails fails the test.
-inline QVariant scalar(const QString& connection, const QString& sql)
+// The first column of every row of `sql`; a statement that fails fails the test.
+inline QVariantList column(const QString& connection, const QString& sql)
 {
     QSqlQuery query(QSqlDatabase::database(connection, false));
-    if (!query.exec(sql)) {
-        ADD_FAILURE() << sql.toStdString();
-        return {};
-    }
-    return query.next() ? query.value(0) : QVariant();
+    EXPECT_TRUE(query.exec(sql)) << sql.toStdString();
+    QVariantList values;
+    while (query.next())
+        values << query.value(0);
+    return values;
+}
+
+inline QVariant scalar(const QString& connection, const QString& sql)
+{
+    return column(connection, sql).value(0);
 }
 
 inline qint64 count(const QString& connection, const QString& sql)
@@ -46,13 +53,20 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(dir.isValid());
-        path = dir.filePath(QStringLiteral("demo.sqlite"));
+        path = dir.filePath(u"demo.sqlite"_s);
         const OpenOutcome outcome = openHostDatabase(path, connection);
         ASSERT_EQ(outcome.code, ExitCode::Ok) << outcome.message.toStdString();
     }
     void TearDown() override { closeHostDatabase(connection); }
 
     qint64 count(const QString& sql) const { return test::count(connection, sql); }
+    QStringList texts(const QString& sql) const
+    {
+        QStringList texts;
+        for (const QVariant& value : column(connection, sql))
+            texts << value.toString();
+        return texts;
+    }
     void exec(const QString& sql)
     {
         QSqlQuery query(QSqlDatabase::database(connection, false));
@@ -61,7 +75,7 @@ protected:
 
     QTemporaryDir dir;
     QString path;
-    const QString connection = QStringLiteral("host-test-") + QUuid::createUuid().toString(QUuid::Id128);
+    const QString connection = u"host-test-"_s + QUuid::createUuid().toString(QUuid::Id128);
 };
 
 } // namespace tolvinpt::host::test

@@ -4,6 +4,8 @@
 #include "host/host_objects.h"
 
 namespace tolvinpt::host::test {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 class HostObjectsTest : public DemoDatabaseTest
@@ -14,30 +16,30 @@ protected:
 
 TEST_F(HostObjectsTest, CompanySettingsComeFromTheCompanyRow)
 {
-    exec(QStringLiteral("UPDATE T_Company SET ViewOnly = -1, UseQuantityBreakdown = 0"));
+    exec(u"UPDATE T_Company SET ViewOnly = -1, UseQuantityBreakdown = 0"_s);
     const auto company = objects->CreateCompanySettings();
     EXPECT_TRUE(company->MultipleOwnCodes());
-    EXPECT_EQ(company->OwnCode(), QStringLiteral("*"));
-    EXPECT_EQ(company->OwnName(), QStringLiteral("株式会社テクノ精工"));
+    EXPECT_EQ(company->OwnCode(), u"*"_s);
+    EXPECT_EQ(company->OwnName(), u"株式会社テクノ精工"_s);
     EXPECT_TRUE(company->ViewOnly()); // any non-zero value is true
     EXPECT_FALSE(company->UseQuantityBreakdown());
 
     const OwnCodeList& codes = company->OwnCodeList();
     ASSERT_EQ(codes.Count(), 3);
-    EXPECT_EQ(codes.Item(2).Code, QStringLiteral("4567002"));
+    EXPECT_EQ(codes.Item(2).Code, u"4567002"_s);
     EXPECT_EQ(codes.NameOf(codes.Item(3).Code), codes.Item(3).Name);
-    EXPECT_EQ(codes.NameOf(QStringLiteral("0000")), QString());
+    EXPECT_EQ(codes.NameOf(u"0000"_s), QString());
 
     // The database handed to the component is the host's open connection.
     QSqlQuery query(company->Database());
-    ASSERT_TRUE(query.exec(QStringLiteral("SELECT COUNT(*) FROM T_Delivery")) && query.next());
+    ASSERT_TRUE(query.exec(u"SELECT COUNT(*) FROM T_Delivery"_s) && query.next());
     EXPECT_EQ(query.value(0).toInt(), 300);
 }
 
 TEST_F(HostObjectsTest, CustomersAnswerTheirFlagsSettingsAndSubCodes)
 {
     const auto customers = objects->CreateCustomerList();
-    ASSERT_EQ(customers->Count(), count(QStringLiteral("SELECT COUNT(*) FROM T_Customer")));
+    ASSERT_EQ(customers->Count(), count(u"SELECT COUNT(*) FROM T_Customer"_s));
     // Deleted, the three settings (all off without a settings row), the number of sub-codes.
     const QString sql = QStringLiteral(
         "SELECT (c.Deleted <> 0) || (COALESCE(s.NoQuantityBreakdown, 0) <> 0) || (COALESCE(s.LenientEntry, "
@@ -49,8 +51,7 @@ TEST_F(HostObjectsTest, CustomersAnswerTheirFlagsSettingsAndSubCodes)
     for (int i = 0; i < customers->Count(); ++i) {
         const auto customer = customers->At(i);
         const auto& settings = customer->Settings();
-        const QString answered = QStringLiteral("%1%2%3%4,%5")
-                                     .arg(int(customer->Deleted()))
+        const QString answered = u"%1%2%3%4,%5"_s.arg(int(customer->Deleted()))
                                      .arg(int(settings.NoQuantityBreakdown()))
                                      .arg(int(settings.EntryOptions().LenientEntry()))
                                      .arg(int(settings.DisplayOptions().HideQuantityFrame()))
@@ -60,16 +61,15 @@ TEST_F(HostObjectsTest, CustomersAnswerTheirFlagsSettingsAndSubCodes)
     }
 
     // Customer 2 has three sub-codes, each with its own name under the full code, in list order.
-    const auto hokuto = customers->ByKey(QStringLiteral("2"));
+    const auto hokuto = customers->ByKey(u"2"_s);
     ASSERT_TRUE(hokuto);
     const auto subCodes = hokuto->SubCodes();
     ASSERT_EQ(subCodes.size(), 3u);
-    EXPECT_EQ(subCodes[0].SubCode, QStringLiteral("A1"));
-    EXPECT_EQ(subCodes[2].SubCode, QStringLiteral("C3"));
-    EXPECT_EQ(hokuto->NameOfCode(hokuto->CustomerCode() + QStringLiteral("B2")),
-              QStringLiteral("株式会社北斗電子 名古屋営業所"));
+    EXPECT_EQ(subCodes[0].SubCode, u"A1"_s);
+    EXPECT_EQ(subCodes[2].SubCode, u"C3"_s);
+    EXPECT_EQ(hokuto->NameOfCode(hokuto->CustomerCode() + u"B2"_s), u"株式会社北斗電子 名古屋営業所"_s);
     EXPECT_EQ(hokuto->NameOfCode(hokuto->CustomerCode()), hokuto->CustomerName());
-    EXPECT_EQ(hokuto->NameOfCode(hokuto->CustomerCode() + QStringLiteral("ZZ")), QString());
+    EXPECT_EQ(hokuto->NameOfCode(hokuto->CustomerCode() + u"ZZ"_s), QString());
 }
 
 TEST_F(HostObjectsTest, LookupsByKeyTextAndByCode)
@@ -81,7 +81,7 @@ TEST_F(HostObjectsTest, LookupsByKeyTextAndByCode)
         const auto found = customers->ByKey(QString::fromUtf16(key));
         EXPECT_EQ(found ? found->CustomerID() : 0, expected) << QString::fromUtf16(key).toStdString();
     }
-    EXPECT_TRUE(customers->ByKey(QStringLiteral("6"))->Deleted());
+    EXPECT_TRUE(customers->ByKey(u"6"_s)->Deleted());
     // By code: the customer's code or a full code with one of its sub-codes.
     for (const auto& [code, expected] : {Lookup{u"7788", 3},
                                          {u"0012345678901", 2},
@@ -97,13 +97,13 @@ TEST_F(HostObjectsTest, LookupsByKeyTextAndByCode)
 TEST_F(HostObjectsTest, EveryNewListSeesTheTablesAsTheyAreNow)
 {
     const auto before = objects->CreateCustomerList();
-    exec(QStringLiteral("UPDATE T_Customer SET Deleted = 1 WHERE IDCustomer = 1"));
+    exec(u"UPDATE T_Customer SET Deleted = 1 WHERE IDCustomer = 1"_s);
     exec(QStringLiteral("INSERT INTO T_CustomerSubCode (IDCustomer, Position, SubCode, Name) "
                         "VALUES (5, 1, 'X', '大和住設資材株式会社 千葉倉庫')"));
     const auto after = objects->CreateCustomerList();
-    EXPECT_FALSE(before->ByKey(QStringLiteral("1"))->Deleted());
-    EXPECT_TRUE(after->ByKey(QStringLiteral("1"))->Deleted());
-    EXPECT_EQ(after->ByCode(QStringLiteral("55012X"))->CustomerID(), 5);
+    EXPECT_FALSE(before->ByKey(u"1"_s)->Deleted());
+    EXPECT_TRUE(after->ByKey(u"1"_s)->Deleted());
+    EXPECT_EQ(after->ByCode(u"55012X"_s)->CustomerID(), 5);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // The list window on a real demo database, driven through its widgets offscreen.
 #include "tests/host/host_fixture.h"
+#include "tests/support/operator_input.h"
 #include "tests/support/scripted_messages.h"
 
 #include "host/delivery_list_model.h"
@@ -20,6 +21,8 @@
 #include <functional>
 
 namespace tolvinpt::host::test {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 using tolvinpt::test::ScriptedMessages;
@@ -28,7 +31,7 @@ using tolvinpt::test::ScriptedMessages;
 qint64 idOfListKey(const QVariant& element)
 {
     const QString key = element.toString();
-    EXPECT_TRUE(key.endsWith(QStringLiteral("Key"))) << key.toStdString();
+    EXPECT_TRUE(key.endsWith(u"Key"_s)) << key.toStdString();
     return key.chopped(3).toLongLong();
 }
 
@@ -40,18 +43,16 @@ struct RecordingCalls final : public EntryCalls
         inputs.append(QList<qint64>());
         for (int i = 1; i <= items.Count(); ++i)
             inputs.last() << idOfListKey(items.Item(i));
-        if (during)
-            during();
+        during();
     }
     void newData() override
     {
         ++newDataCalls;
-        if (during)
-            during();
+        during();
     }
     QList<QList<qint64>> inputs; // the ids of each InputData call
     int newDataCalls = 0;
-    std::function<void()> during; // runs inside the call, as the operator's work would
+    std::function<void()> during = [] {}; // runs inside the call, as the operator's work would
 };
 
 class MainWindowTest : public DemoDatabaseTest
@@ -64,11 +65,8 @@ protected:
         auto recording = std::make_unique<RecordingCalls>();
         calls = recording.get();
         window = std::make_unique<MainWindow>(connection, path, std::move(recording));
-        window->show();
-        window->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-        view = window->findChild<QTableView*>(QStringLiteral("deliveryList"));
-        ASSERT_TRUE(view);
+        ASSERT_TRUE(tolvinpt::test::showActive(window.get()));
+        ASSERT_TRUE(view = window->findChild<QTableView*>(u"deliveryList"_s));
     }
     void TearDown() override
     {
@@ -77,10 +75,13 @@ protected:
     }
     virtual void fillDatabase() {} // before the window opens
 
+    int rows() const { return view->model()->rowCount(); }
     QVariant cell(int row, int role, int column = 0) const
     {
         return view->model()->index(row, column).data(role);
     }
+    QString text(int row, int column) const { return cell(row, Qt::DisplayRole, column).toString(); }
+    QComboBox* combo(const QString& name) const { return window->findChild<QComboBox*>(name); }
     qint64 idAt(int row) const { return cell(row, DeliveryListModel::IdRole).toLongLong(); }
     QPoint rowCentre(int row) const { return view->visualRect(view->model()->index(row, 1)).center(); }
     void clickRow(int row, Qt::KeyboardModifiers modifiers = {})
@@ -96,29 +97,28 @@ protected:
 
 TEST_F(MainWindowTest, FiltersHideTheWasteBoxAndSelectByCustomerAndKind)
 {
-    const QString live = QStringLiteral("SELECT COUNT(*) FROM T_Delivery WHERE InDustBox = 0");
+    const QString live = u"SELECT COUNT(*) FROM T_Delivery WHERE InDustBox = 0"_s;
     ASSERT_LT(count(live), 300);
-    EXPECT_EQ(view->model()->rowCount(), count(live));
-    for (int row = 0; row < view->model()->rowCount(); ++row)
+    EXPECT_EQ(rows(), count(live));
+    for (int row = 0; row < rows(); ++row)
         ASSERT_FALSE(cell(row, DeliveryListModel::WasteBoxRole).toBool()) << idAt(row);
-    auto* showWasteBox = window->findChild<QCheckBox*>(QStringLiteral("showWasteBox"));
+    auto* showWasteBox = window->findChild<QCheckBox*>(u"showWasteBox"_s);
     QTest::mouseClick(showWasteBox, Qt::LeftButton, {}, QPoint(4, showWasteBox->height() / 2));
-    EXPECT_EQ(view->model()->rowCount(), 300);
+    EXPECT_EQ(rows(), 300);
     showWasteBox->setChecked(false);
 
-    auto* customers = window->findChild<QComboBox*>(QStringLiteral("customerFilter"));
-    auto* kinds = window->findChild<QComboBox*>(QStringLiteral("kindFilter"));
+    auto* customers = window->findChild<QComboBox*>(u"customerFilter"_s);
+    auto* kinds = window->findChild<QComboBox*>(u"kindFilter"_s);
     customers->setCurrentIndex(customers->findData(6)); // a deleted customer
-    EXPECT_EQ(view->model()->rowCount(), count(live + QStringLiteral(" AND IDCustomer = 6")));
+    EXPECT_EQ(rows(), count(live + u" AND IDCustomer = 6"_s));
     customers->setCurrentIndex(0);
-    kinds->setCurrentIndex(kinds->findText(QStringLiteral("手入力")));
+    kinds->setCurrentIndex(kinds->findText(u"手入力"_s));
     EXPECT_EQ(
-        view->model()->rowCount(),
+        rows(),
         count(live + QStringLiteral(" AND (F00002 IS NULL OR F00002 NOT IN ('0502', '0703', '9999', '9990', "
                                     "'999G'))")));
-    kinds->setCurrentIndex(kinds->findText(QStringLiteral("注文情報 納入指示待ち")));
-    EXPECT_EQ(view->model()->rowCount(),
-              count(live + QStringLiteral(" AND F00002 = '0502' AND F00030 = '2'")));
+    kinds->setCurrentIndex(kinds->findText(u"注文情報 納入指示待ち"_s));
+    EXPECT_EQ(rows(), count(live + u" AND F00002 = '0502' AND F00030 = '2'"_s));
 }
 
 TEST_F(MainWindowTest, EnterOpensTheSelectedRecordsInListOrder)
@@ -130,8 +130,7 @@ TEST_F(MainWindowTest, EnterOpensTheSelectedRecordsInListOrder)
     if (header->sortIndicatorOrder() != Qt::DescendingOrder)
         QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, QPoint(x, header->height() / 2));
     ASSERT_EQ(header->sortIndicatorSection(), int(DeliveryListModel::OrderNumber));
-    ASSERT_GT(cell(0, Qt::DisplayRole, DeliveryListModel::OrderNumber).toString(),
-              cell(20, Qt::DisplayRole, DeliveryListModel::OrderNumber).toString());
+    ASSERT_GT(text(0, DeliveryListModel::OrderNumber), text(20, DeliveryListModel::OrderNumber));
 
     // Selected bottom-up and out of order; the call gets them top to bottom.
     clickRow(7);
@@ -157,12 +156,11 @@ TEST_F(MainWindowTest, ListIsReadAgainAfterEachCallKeepingTheSelection)
     const qint64 second = idAt(4);
     // While the form is open the operator changes the first record.
     calls->during = [&] {
-        exec(QStringLiteral("UPDATE T_Delivery SET F00007 = 'X-CHANGED' WHERE IDData = %1").arg(first));
+        exec(u"UPDATE T_Delivery SET F00007 = 'X-CHANGED' WHERE IDData = %1"_s.arg(first));
     };
-    const int before = view->model()->rowCount();
-    window->findChild<QAction*>(QStringLiteral("openRecords"))->trigger();
-    EXPECT_EQ(cell(3, Qt::DisplayRole, DeliveryListModel::OrderNumber).toString(),
-              QStringLiteral("X-CHANGED"));
+    const int before = rows();
+    window->findChild<QAction*>(u"openRecords"_s)->trigger();
+    EXPECT_EQ(text(3, DeliveryListModel::OrderNumber), u"X-CHANGED"_s);
 
     // A record added by NewData is listed, last as the list is sorted by ID.
     calls->during = [&] {
@@ -171,14 +169,14 @@ TEST_F(MainWindowTest, ListIsReadAgainAfterEachCallKeepingTheSelection)
     };
     QTest::keyClick(view, Qt::Key_N, Qt::ControlModifier);
     EXPECT_EQ(calls->newDataCalls, 1);
-    ASSERT_EQ(view->model()->rowCount(), before + 1);
-    EXPECT_EQ(cell(before, Qt::DisplayRole, DeliveryListModel::Kind).toString(), QStringLiteral("手入力"));
-    EXPECT_EQ(cell(before, Qt::DisplayRole, DeliveryListModel::Currency).toString(), QStringLiteral("JPY"));
+    ASSERT_EQ(rows(), before + 1);
+    EXPECT_EQ(text(before, DeliveryListModel::Kind), u"手入力"_s);
+    EXPECT_EQ(text(before, DeliveryListModel::Currency), u"JPY"_s);
 
     // Another operator's work shows on refresh (F5): a record moved to the waste box leaves the list.
-    exec(QStringLiteral("UPDATE T_Delivery SET InDustBox = 1 WHERE IDData = %1").arg(idAt(1)));
+    exec(u"UPDATE T_Delivery SET InDustBox = 1 WHERE IDData = %1"_s.arg(idAt(1)));
     QTest::keyClick(view, Qt::Key_F5);
-    EXPECT_EQ(view->model()->rowCount(), before);
+    EXPECT_EQ(rows(), before);
     const Items selected = window->selectedItems();
     ASSERT_EQ(selected.Count(), 2);
     EXPECT_EQ(QList<qint64>({idOfListKey(selected.Item(1)), idOfListKey(selected.Item(2))}),
@@ -189,15 +187,12 @@ TEST_F(MainWindowTest, ListIsReadAgainAfterEachCallKeepingTheSelection)
 TEST_F(MainWindowTest, ErrorOutOfACallIsShownWithItsNumber)
 {
     ScriptedMessages messages;
-    calls->during = [] { throw Error(QStringLiteral("database is locked"), 5); };
+    calls->during = [] { throw Error(u"database is locked"_s, 5); };
     clickRow(0);
     QTest::keyClick(view, Qt::Key_Enter);
-    window->findChild<QAction*>(QStringLiteral("newRecord"))->trigger();
-    ASSERT_EQ(messages.shown.size(), 2);
-    EXPECT_EQ(messages.shown[0].text, QStringLiteral("database is locked (5)"));
-    EXPECT_EQ(messages.shown[0].title, QStringLiteral("開く..."));
-    EXPECT_EQ(messages.shown[0].icon, QMessageBox::Warning);
-    EXPECT_EQ(messages.shown[1].title, QStringLiteral("新規入力..."));
+    window->findChild<QAction*>(u"newRecord"_s)->trigger();
+    messages.expectShown({tolvinpt::test::okMessage(u"database is locked (5)", u"開く..."),
+                          tolvinpt::test::okMessage(u"database is locked (5)", u"新規入力...")});
 }
 
 // 100,000 records made by one statement: record i (its IDData) has customer 1 + i % 7, kind i % 9 (in the
@@ -220,8 +215,8 @@ class LargeListTest : public MainWindowTest
 protected:
     void fillDatabase() override
     {
-        exec(QStringLiteral("DELETE FROM T_Delivery"));
-        exec(QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ") +
+        exec(u"DELETE FROM T_Delivery"_s);
+        exec(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < "_s +
              QString::number(kRecords) +
              QStringLiteral(
                  ") INSERT INTO T_Delivery (IDData, IDCustomer, F00002, F00030, F00007, InDustBox) "
@@ -229,25 +224,23 @@ protected:
                  "'0703' WHEN 3 THEN '9999' WHEN 4 THEN '9990' WHEN 5 THEN '999G' WHEN 6 THEN '' "
                  "WHEN 8 THEN '999g' END, CASE i % 9 WHEN 0 THEN '2' WHEN 1 THEN '1' END, "
                  "printf('PO%06d', i * 7919 % ") +
-             QString::number(kRecords) + QStringLiteral("), i % 37 = 0 FROM n"));
+             QString::number(kRecords) + u"), i % 37 = 0 FROM n"_s);
     }
-    // The live records in order-number order.
-    static QList<qint64> byOrderNumber()
+    // The live records in IDData order, or in order-number order.
+    static QList<qint64> liveIds(bool byOrderNumber = false)
     {
         QList<qint64> ids;
         for (int i = 1; i <= kRecords; ++i)
             if (live(i))
                 ids << i;
-        std::sort(ids.begin(), ids.end(), [](qint64 a, qint64 b) { return orderNumber(a) < orderNumber(b); });
+        if (byOrderNumber)
+            std::sort(ids.begin(), ids.end(),
+                      [](qint64 a, qint64 b) { return orderNumber(a) < orderNumber(b); });
         return ids;
     }
     void sortBy(int column, Qt::SortOrder order)
     {
         view->horizontalHeader()->setSortIndicator(column, order);
-    }
-    QComboBox* combo(const char* name) const
-    {
-        return window->findChild<QComboBox*>(QString::fromLatin1(name));
     }
     QModelIndex at(int row) const { return view->model()->index(row, 0); }
 };
@@ -262,19 +255,19 @@ TEST_F(LargeListTest, CountsFiltersAndSortsInTheDatabase)
         customer3Kind2G += live(i) && 1 + i % 7 == 3 && i % 9 == 5;
         handInput += live(i) && i % 9 >= 6;
     }
-    EXPECT_EQ(view->model()->rowCount(), liveCount);
+    EXPECT_EQ(rows(), liveCount);
     EXPECT_EQ(window->statusBar()->findChild<QLabel*>()->text(),
-              QStringLiteral("%1 件 / 全 %2 件").arg(liveCount).arg(kRecords));
-    combo("customerFilter")->setCurrentIndex(combo("customerFilter")->findData(3));
-    combo("kindFilter")->setCurrentIndex(combo("kindFilter")->findText(QStringLiteral("納品情報(2G)")));
-    EXPECT_EQ(view->model()->rowCount(), customer3Kind2G);
-    combo("customerFilter")->setCurrentIndex(0);
-    combo("kindFilter")->setCurrentIndex(combo("kindFilter")->findText(QStringLiteral("手入力")));
-    EXPECT_EQ(view->model()->rowCount(), handInput);
-    combo("kindFilter")->setCurrentIndex(0);
+              u"%1 件 / 全 %2 件"_s.arg(liveCount).arg(kRecords));
+    combo(u"customerFilter"_s)->setCurrentIndex(combo(u"customerFilter"_s)->findData(3));
+    combo(u"kindFilter"_s)->setCurrentIndex(combo(u"kindFilter"_s)->findText(u"納品情報(2G)"_s));
+    EXPECT_EQ(rows(), customer3Kind2G);
+    combo(u"customerFilter"_s)->setCurrentIndex(0);
+    combo(u"kindFilter"_s)->setCurrentIndex(combo(u"kindFilter"_s)->findText(u"手入力"_s));
+    EXPECT_EQ(rows(), handInput);
+    combo(u"kindFilter"_s)->setCurrentIndex(0);
 
     // Descending order numbers: at the top, across a page boundary, in the middle, at the bottom.
-    const QList<qint64> ascending = byOrderNumber();
+    const QList<qint64> ascending = liveIds(true);
     const int n = liveCount;
     sortBy(DeliveryListModel::OrderNumber, Qt::DescendingOrder);
     for (int row : {0, 127, 128, 129, n / 2, n / 2 + 1, n - 129, n - 1})
@@ -285,27 +278,24 @@ TEST_F(LargeListTest, CountsFiltersAndSortsInTheDatabase)
     for (int column = 0; column < ListColumnCount; ++column)
         for (Qt::SortOrder order : {Qt::AscendingOrder, Qt::DescendingOrder}) {
             sortBy(column, order);
-            EXPECT_EQ(view->model()->rowCount(), n) << column;
+            EXPECT_EQ(rows(), n) << column;
             EXPECT_FALSE(idAt(n - 1) == 0) << column;
         }
     EXPECT_TRUE(messages.shown.isEmpty());
     sortBy(DeliveryListModel::Kind, Qt::AscendingOrder);
-    EXPECT_EQ(cell(0, DeliveryListModel::KindRole), QStringLiteral("注文情報 納入指示待ち"));
-    EXPECT_EQ(cell(n - 1, DeliveryListModel::KindRole), QStringLiteral("手入力"));
+    EXPECT_EQ(cell(0, DeliveryListModel::KindRole), u"注文情報 納入指示待ち"_s);
+    EXPECT_EQ(cell(n - 1, DeliveryListModel::KindRole), u"手入力"_s);
 
     // No record has a ship date: one value, so the rows follow IDData, across pages and reversed.
     sortBy(DeliveryListModel::ShipDate, Qt::AscendingOrder);
-    QList<qint64> liveIds;
-    for (int i = 1; i <= kRecords; ++i)
-        if (live(i))
-            liveIds << i;
+    const QList<qint64> byId = liveIds();
     view->selectionModel()->select(QItemSelection(at(126), at(129)),
                                    QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     EXPECT_EQ(window->selectedItems().Count(), 4);
     EXPECT_EQ(QList<qint64>({idAt(127), idAt(128), idAt(n - 1)}),
-              QList<qint64>({liveIds[127], liveIds[128], liveIds[n - 1]}));
+              QList<qint64>({byId[127], byId[128], byId[n - 1]}));
     sortBy(DeliveryListModel::ShipDate, Qt::DescendingOrder);
-    EXPECT_EQ(idAt(0), liveIds[n - 1]);
+    EXPECT_EQ(idAt(0), byId[n - 1]);
     EXPECT_EQ(rowSpans(view->selectionModel()->selection()), (QList<RowSpan>{{n - 130, n - 127}}));
 }
 
@@ -313,7 +303,7 @@ TEST_F(LargeListTest, CountsFiltersAndSortsInTheDatabase)
 // top and splits another (a new record right after it).
 TEST_F(LargeListTest, CallsRecordsAreSelectedAgainAsRangesAfterTheCall)
 {
-    const QList<qint64> ascending = byOrderNumber();
+    const QList<qint64> ascending = liveIds(true);
     sortBy(DeliveryListModel::OrderNumber, Qt::AscendingOrder);
     QItemSelectionModel* selection = view->selectionModel();
     selection->select(QItemSelection(at(1000), at(10999)),
@@ -323,16 +313,15 @@ TEST_F(LargeListTest, CallsRecordsAreSelectedAgainAsRangesAfterTheCall)
     view->scrollTo(at(5000));
     const int offset = 5000 - view->rowAt(0);
     calls->during = [&] {
-        exec(QStringLiteral("UPDATE T_Delivery SET F00007 = 'PO000000A' WHERE IDData = %1")
-                 .arg(ascending[1500]));
-        exec(QStringLiteral("INSERT INTO T_Delivery (IDCustomer, F00007) VALUES (1, 'PO%1X')")
-                 .arg(orderNumber(ascending[3000]), 6, 10, QChar(u'0')));
+        exec(u"UPDATE T_Delivery SET F00007 = 'PO000000A' WHERE IDData = %1"_s.arg(ascending[1500]));
+        exec(u"INSERT INTO T_Delivery (IDCustomer, F00007) VALUES (1, 'PO%1X')"_s.arg(
+            orderNumber(ascending[3000]), 6, 10, QChar(u'0')));
     };
-    window->findChild<QAction*>(QStringLiteral("openRecords"))->trigger();
+    window->findChild<QAction*>(u"openRecords"_s)->trigger();
 
     ASSERT_EQ(calls->inputs.size(), 1);
     EXPECT_EQ(calls->inputs[0], ascending.mid(1000, 10000) + QList<qint64>{ascending[20000]});
-    EXPECT_EQ(view->model()->rowCount(), ascending.size() + 1);
+    EXPECT_EQ(rows(), ascending.size() + 1);
     EXPECT_EQ(rowSpans(selection->selection()),
               (QList<RowSpan>{{1, 1}, {1001, 3000}, {3002, 11000}, {20001, 20001}}));
     EXPECT_EQ(idAt(1), ascending[1500]);

@@ -3,6 +3,7 @@
 // A real, active window with a few fields, for tests of the focus and key glue.
 
 #include "platform/validate_on_leave.h"
+#include "tests/support/operator_input.h"
 
 #include <QComboBox>
 #include <QDialog>
@@ -76,9 +77,7 @@ struct FieldForm
         QObject::connect(button, &QPushButton::clicked, [this] { ++clicks; });
         QObject::connect(command, &QAction::triggered, [this] { ++commands; });
         a->setFocus();
-        dialog.show();
-        dialog.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        EXPECT_TRUE(showActive(&dialog));
         EXPECT_EQ(QApplication::focusWidget(), a);
     }
 
@@ -88,13 +87,6 @@ struct FieldForm
         gotFocus.clear();
         focusIns.count.clear();
         clicks = 0;
-    }
-
-    // A click as the window system delivers it: through the window, at the centre of `target`.
-    void clickThroughWindow(QWidget* target)
-    {
-        QTest::mouseClick(dialog.windowHandle(), Qt::LeftButton, {},
-                          target->mapTo(&dialog, target->rect().center()));
     }
 };
 

@@ -36,7 +36,7 @@ TEST(SelectAllText, EnteringAFieldSelectsAllOfIt)
         else if (entry == Entry::Click)
             QTest::mouseClick(edit, Qt::LeftButton);
         else
-            form.clickThroughWindow(edit);
+            clickThrough(edit);
         QTest::qWait(0);
 
         EXPECT_EQ(QApplication::focusWidget(), intoCombo ? static_cast<QWidget*>(form.combo) : form.b);

@@ -1,6 +1,7 @@
 #include "platform/key_filter.h"
 
-#include "../support/scripted_messages.h"
+#include "tests/support/operator_input.h"
+#include "tests/support/scripted_messages.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -13,15 +14,6 @@
 
 namespace tolvinpt::test {
 namespace {
-
-// Types `text` one character at a time, as a keyboard would deliver it.
-void type(QWidget* widget, const QString& text)
-{
-    for (const char32_t c : text.toUcs4()) {
-        const auto key = c < 0x80 ? QTest::asciiToKey(static_cast<char>(c)) : Qt::Key_unknown;
-        QTest::sendKeyEvent(QTest::Click, widget, key, QString::fromUcs4(&c, 1), Qt::NoModifier);
-    }
-}
 
 // Each row installs digitKey first: the row's handler replaces it (null removes it). Only printable
 // single-byte characters are filtered; every character typed or replaced counts as one edit.
@@ -41,7 +33,7 @@ TEST(KeyFilter, HandlersPassReplaceOrRefuseTypedCharacters)
         QObject::connect(&edit, &QLineEdit::textEdited, [&] { ++edits; });
         setKeyPress(&edit, digitKey);
         setKeyPress(&edit, handler);
-        type(&edit, typed);
+        typeText(typed, &edit);
         EXPECT_EQ(edit.text(), expected);
         EXPECT_EQ(messages.beeps, beeps);
         EXPECT_EQ(edits, expected.size());
@@ -56,7 +48,7 @@ TEST(KeyFilter, ControlKeysInputMethodAndPastePass)
     setKeyPress(&edit, digitKey);
     int returns = 0;
     QObject::connect(&edit, &QLineEdit::returnPressed, [&] { ++returns; });
-    type(&edit, QStringLiteral("1234"));
+    typeText(QStringLiteral("1234"), &edit);
     for (const Qt::Key key : {Qt::Key_Backspace, Qt::Key_Home, Qt::Key_Delete})
         QTest::keyClick(&edit, key);
     EXPECT_EQ(edit.text(), QStringLiteral("23"));
@@ -85,7 +77,7 @@ TEST(KeyFilter, AnEditableComboIsOneField)
         combo.setEditable(true);
         setKeyPress(&combo, upperCaseLetter);
         combo.setEditText(QString());
-        type(intoLineEdit ? static_cast<QWidget*>(combo.lineEdit()) : &combo, QStringLiteral("eu1"));
+        typeText(QStringLiteral("eu1"), intoLineEdit ? static_cast<QWidget*>(combo.lineEdit()) : &combo);
         EXPECT_EQ(combo.currentText(), QStringLiteral("EU1")) << intoLineEdit;
     }
 }

@@ -13,10 +13,10 @@ namespace tolvinpt::test {
 struct FakeCustomerData
 {
     long id = 0;
-    QString code;
-    QString name;
+    QString code = {};
+    QString name = {};
     bool deleted = false;
-    QStringList subCodes;
+    QStringList subCodes = {};
     bool noQuantityBreakdown = false;
     bool lenientEntry = false;
     bool hideQuantityFrame = false;
