@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/messages.h"
+#include "platform/widgets/messages.h"
 
 namespace tolvinpt::bench {
 

@@ -6,15 +6,15 @@
 //    the modal show) against reading the same delivery keys in one transaction; a QMenu with one action
 //    per record, as the record list used to be, is timed once beside it.
 // The baselines open the file with the flags Qt's own connection has (raw_sqlite.h).
+#include "bench/counted_messages.h"
 #include "bench/raw_form_reads.h"
 #include "bench/raw_sqlite.h"
-#include "bench/counted_messages.h"
 #include "bench/timing.h"
 #include "component/entry_procedure.h"
 #include "component/state.h"
 #include "forms/frmData/record_display.h"
 #include "forms/frmData/record_list_menu.h"
-#include "platform/messages.h"
+#include "platform/widgets/messages.h"
 #include "store/delivery_reads.h"
 #include "tests/support/fake_host.h"
 

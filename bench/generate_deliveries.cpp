@@ -1,8 +1,8 @@
 // Creates a database of delivery records for the benchmarks:
 //   tolvinpt-bench-generate FILE [RECORDS=1000000] [SEED=1]
 #include "bench/delivery_generator.h"
-#include "platform/database.h"
-#include "platform/transaction.h"
+#include "platform/sql/database.h"
+#include "platform/sql/transaction.h"
 #include "store/delivery_writes.h"
 #include "store/schema.h"
 

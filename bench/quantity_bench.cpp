@@ -10,13 +10,13 @@
 #include "forms/form_font.h"
 #include "forms/frmQuantity/frmQuantity.h"
 #include "forms/frmQuantity/package_grid.h"
-#include "platform/messages.h"
+#include "platform/widgets/messages.h"
 
 #include <QApplication>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QTableWidget>
-#include <QKeyEvent>
 
 #include <cstdio>
 #include <cstdlib>
@@ -127,7 +127,8 @@ bench::Medians timeKeys(QDialog& ours, QAbstractItemView* ourGrid, QDialog& bare
                 dialog.repaint();
             }));
             // A cell editor left open is closed unchanged.
-            if (QWidget* focused = QApplication::focusWidget(); focused != grid && grid->isAncestorOf(focused))
+            if (QWidget* focused = QApplication::focusWidget();
+                focused != grid && grid->isAncestorOf(focused))
                 press(Qt::Key_Escape);
         };
     };
@@ -179,7 +180,8 @@ int main(int argc, char** argv)
         goTo(grid);
         press(Qt::Key_7, u"7"_s);
     };
-    const bench::Medians digit = timeKeys(*ours, ours->grid(), *bare.dialog, bare.table, goTo, Qt::Key_8, u"8"_s);
+    const bench::Medians digit =
+        timeKeys(*ours, ours->grid(), *bare.dialog, bare.table, goTo, Qt::Key_8, u"8"_s);
     const bench::Medians enter =
         timeKeys(*ours, ours->grid(), *bare.dialog, bare.table, typeDigit, Qt::Key_Return, u"\r"_s);
 
@@ -194,6 +196,7 @@ int main(int argc, char** argv)
         return 1;
     }
     const bool met = open.ours < OpenTargetMs && digit.ours < KeyTargetMs && enter.ours < KeyTargetMs;
-    std::printf("targets (open < %.0f ms, a key < %.0f ms): %s\n", OpenTargetMs, KeyTargetMs, met ? "met" : "missed");
+    std::printf("targets (open < %.0f ms, a key < %.0f ms): %s\n", OpenTargetMs, KeyTargetMs,
+                met ? "met" : "missed");
     return met ? 0 : 1;
 }

@@ -1,6 +1,6 @@
 #include "bench/raw_save.h"
 
-#include "platform/sqlite_backend.h"
+#include "platform/sql/sqlite_backend.h"
 
 #include <sqlite3.h>
 
@@ -35,9 +35,9 @@ std::size_t RawSave::readPackages(std::int64_t id)
     return rows;
 }
 
-std::size_t RawSave::save(std::int64_t id, std::int64_t customer, const std::string& order, const std::string& key,
-                          const std::vector<RawValue>& detail, std::int64_t mode, const std::string& quantity,
-                          const std::vector<std::string>& packages)
+std::size_t RawSave::save(std::int64_t id, std::int64_t customer, const std::string& order,
+                          const std::string& key, const std::vector<RawValue>& detail, std::int64_t mode,
+                          const std::string& quantity, const std::vector<std::string>& packages)
 {
     m_connection.run(m_begin);
     if (findByOrderKey(customer, order, key) != id)
@@ -48,7 +48,8 @@ std::size_t RawSave::save(std::int64_t id, std::int64_t customer, const std::str
     sqlite3_bind_int64(m_update, static_cast<int>(detail.size()) + 1, id);
     m_connection.run(m_update);
     sqlite3_bind_int64(m_updatePackages, 1, mode);
-    sqlite3_bind_text(m_updatePackages, 2, quantity.data(), static_cast<int>(quantity.size()), SQLITE_TRANSIENT);
+    sqlite3_bind_text(m_updatePackages, 2, quantity.data(), static_cast<int>(quantity.size()),
+                      SQLITE_TRANSIENT);
     sqlite3_bind_int64(m_updatePackages, 3, id);
     m_connection.run(m_updatePackages);
     sqlite3_bind_int64(m_deletePackages, 1, id);

@@ -1,6 +1,6 @@
 #include "bench/raw_sqlite.h"
 
-#include "platform/sqlite_backend.h"
+#include "platform/sql/sqlite_backend.h"
 
 #include <QSqlDatabase>
 
@@ -34,7 +34,8 @@ void bindValues(sqlite3_stmt* statement, const std::vector<RawValue>& values, in
         else if (const auto* real = std::get_if<double>(&value))
             sqlite3_bind_double(statement, position, *real);
         else if (const auto* text = std::get_if<std::string>(&value))
-            sqlite3_bind_text(statement, position, text->data(), static_cast<int>(text->size()), SQLITE_TRANSIENT);
+            sqlite3_bind_text(statement, position, text->data(), static_cast<int>(text->size()),
+                              SQLITE_TRANSIENT);
         else
             sqlite3_bind_null(statement, position);
     }
@@ -72,8 +73,8 @@ std::size_t readRow(sqlite3_stmt* read, std::int64_t id, std::vector<RawValue>& 
     return row.size();
 }
 
-std::optional<std::int64_t> findByOrderKey(sqlite3_stmt* find, std::int64_t customer, const std::string& order,
-                                           const std::string& key)
+std::optional<std::int64_t> findByOrderKey(sqlite3_stmt* find, std::int64_t customer,
+                                           const std::string& order, const std::string& key)
 {
     sqlite3_bind_int64(find, 1, customer);
     sqlite3_bind_text(find, 2, order.data(), static_cast<int>(order.size()), SQLITE_TRANSIENT);
@@ -118,7 +119,9 @@ sqlite3* openLikeQt(const std::string& file)
     return db;
 }
 
-RawConnection::RawConnection(const std::string& file) : m_db(openLikeQt(file)) {}
+RawConnection::RawConnection(const std::string& file) : m_db(openLikeQt(file))
+{
+}
 
 RawConnection::~RawConnection()
 {
@@ -130,7 +133,8 @@ RawConnection::~RawConnection()
 sqlite3_stmt* RawConnection::prepare(const std::string& sql)
 {
     sqlite3_stmt* statement = nullptr;
-    if (sqlite3_prepare_v3(m_db, sql.c_str(), -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr) != SQLITE_OK)
+    if (sqlite3_prepare_v3(m_db, sql.c_str(), -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr) !=
+        SQLITE_OK)
         throw std::runtime_error(sqlite3_errmsg(m_db));
     m_statements.push_back(statement);
     return statement;

@@ -7,10 +7,10 @@
 #include "bench/delivery_generator.h"
 #include "bench/raw_save.h"
 #include "bench/timing.h"
-#include "platform/database.h"
-#include "platform/jet_like.h"
-#include "platform/sql_dialect.h"
-#include "platform/transaction.h"
+#include "platform/sql/database.h"
+#include "platform/sql/jet_like.h"
+#include "platform/sql/sql_dialect.h"
+#include "platform/sql/transaction.h"
 #include "store/delivery_reads.h"
 #include "store/delivery_save.h"
 #include "store/delivery_writes.h"
@@ -116,7 +116,8 @@ void sampleKeys(db::Database& database, std::vector<Key>& live, std::vector<Key>
     const qint64 maxId = database.scalar(u"SELECT MAX(IDData) FROM T_Delivery"_s)->toLongLong();
     std::mt19937_64 random(7);
     while (live.size() < 2000 || single.size() < 2000) {
-        const auto record = readDeliveryRecord(database, std::uniform_int_distribution<qint64>(1, maxId)(random));
+        const auto record =
+            readDeliveryRecord(database, std::uniform_int_distribution<qint64>(1, maxId)(random));
         if (!record || record->boolean(C::InDustBox).value_or(true))
             continue;
         const Key key = keyOf(*record->integer(C::IDCustomer), record->text(C::F00007).value_or(QString()),
@@ -215,18 +216,20 @@ int measure(const QString& source, const QString& file)
     };
     const auto searchRaw = [&](int i) {
         const Key& k = single[std::size_t(i)];
-        sink += raw.search(k.customer, singleRanges[std::size_t(i)].first, singleRanges[std::size_t(i)].second,
-                           k.orderUtf8);
+        sink += raw.search(k.customer, singleRanges[std::size_t(i)].first,
+                           singleRanges[std::size_t(i)].second, k.orderUtf8);
     };
     const auto shared = rangeOf(SharedOrder);
-    const auto searchSharedOurs = [&](int) { sink += findOrderRecord(ours, BenchCustomer, SharedOrder)->has(C::F00022); };
+    const auto searchSharedOurs = [&](int) {
+        sink += findOrderRecord(ours, BenchCustomer, SharedOrder)->has(C::F00022);
+    };
     const auto searchSharedRaw = [&](int) {
         sink += raw.search(BenchCustomer, shared.first, shared.second, SharedOrder.toStdString());
     };
 
     const qint64 rows = ours.scalar(u"SELECT COUNT(*) FROM T_Delivery"_s)->toLongLong();
-    std::printf("%s: %lld records (copy)\n  %-40s %9s %9s %8s\n", qPrintable(source), static_cast<long long>(rows),
-                "operation (median per call)", "ours us", "raw us", "ours/raw");
+    std::printf("%s: %lld records (copy)\n  %-40s %9s %9s %8s\n", qPrintable(source),
+                static_cast<long long>(rows), "operation (median per call)", "ours us", "raw us", "ours/raw");
     print("save, 100 packages (the file's sync)", compare(11, 20, saveOurs, saveRaw));
     ours.execute(u"PRAGMA synchronous = OFF"_s);
     raw.execute("PRAGMA synchronous = OFF");

@@ -6,9 +6,9 @@
 #include "bench/delivery_generator.h"
 #include "bench/raw_sqlite.h"
 #include "bench/timing.h"
-#include "platform/database.h"
-#include "platform/sqlite_backend.h"
-#include "platform/transaction.h"
+#include "platform/sql/database.h"
+#include "platform/sql/sqlite_backend.h"
+#include "platform/sql/transaction.h"
 #include "store/delivery_split.h"
 #include "store/delivery_writes.h"
 
@@ -47,7 +47,8 @@ public:
     RawSplit(const std::string& file, const SplitPlan& plan, qint64 id) : m_connection(file), m_id(id)
     {
         db::ensureLikeFunction(m_connection.handle());
-        for (const SplitStatement* s : {&plan.keyTest, &plan.source, &plan.insert, &plan.update, &plan.deletePackages})
+        for (const SplitStatement* s :
+             {&plan.keyTest, &plan.source, &plan.insert, &plan.update, &plan.deletePackages})
             m_steps.push_back({m_connection.prepare(s->sql.toStdString()), rawValues(s->values)});
         m_read = m_connection.prepare(deliveryRecordSql().toStdString());
         m_readPackages = m_connection.prepare(packageRowsSql().toStdString());
@@ -179,7 +180,8 @@ int measure(const QString& source, const QString& file)
         read.bind(0, rawId).exec();
         columns = read.columnNames();
     } // done before any write, so that it holds no lock
-    RawSplit raw(file.toStdString(), splitPlan(ours.dialect(), rawRequest, columns, *rawRequest.shown), rawId);
+    RawSplit raw(file.toStdString(), splitPlan(ours.dialect(), rawRequest, columns, *rawRequest.shown),
+                 rawId);
 
     qint64 oursAdded = 0, rawAdded = 0;
     std::size_t sink = 0;
@@ -200,8 +202,8 @@ int measure(const QString& source, const QString& file)
     };
 
     const qint64 rows = ours.scalar(u"SELECT COUNT(*) FROM T_Delivery"_s)->toLongLong();
-    std::printf("%s: %lld records (copy)\n  %-40s %9s %9s %8s\n", qPrintable(source), static_cast<long long>(rows),
-                "operation (median per call)", "ours us", "raw us", "ours/raw");
+    std::printf("%s: %lld records (copy)\n  %-40s %9s %9s %8s\n", qPrintable(source),
+                static_cast<long long>(rows), "operation (median per call)", "ours us", "raw us", "ours/raw");
     const auto print = [](const char* operation, const bench::Medians& m) {
         std::printf("  %-40s %9.2f %9.2f %8.2f\n", operation, m.ours, m.raw, m.ours / m.raw);
     };

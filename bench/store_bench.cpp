@@ -5,9 +5,9 @@
 // one transaction. Prints the median time per operation over several rounds and the ratio ours/raw.
 #include "bench/delivery_generator.h"
 #include "bench/raw_sqlite.h"
-#include "platform/database.h"
-#include "platform/sql_dialect.h"
-#include "platform/transaction.h"
+#include "platform/sql/database.h"
+#include "platform/sql/sql_dialect.h"
+#include "platform/sql/transaction.h"
 #include "store/delivery_reads.h"
 #include "store/delivery_writes.h"
 
@@ -158,15 +158,15 @@ int benchmark(const QString& file, db::Database::StatementPath path)
     const Batch rawRead = [&](const std::function<double()>& calls) { return raw.inTransaction(calls); };
     print("read by IDData, one transaction", compare(11, count, readOurs, readRaw, oursRead, rawRead));
     print("find by order key, one transaction", compare(11, count, findOurs, findRaw, oursRead, rawRead));
-    print("insert and delete a record", compare(
-                                            7, 20,
-                                            [&](int) {
-                                                db::Transaction transaction(ours, db::Transaction::Kind::Write);
-                                                deleteDeliveryRecord(ours,
-                                                                     insertDeliveryRecord(ours, newRecord));
-                                                transaction.commit();
-                                            },
-                                            [&](int) { raw.insertAndDelete(newValues); }));
+    print("insert and delete a record",
+          compare(
+              7, 20,
+              [&](int) {
+                  db::Transaction transaction(ours, db::Transaction::Kind::Write);
+                  deleteDeliveryRecord(ours, insertDeliveryRecord(ours, newRecord));
+                  transaction.commit();
+              },
+              [&](int) { raw.insertAndDelete(newValues); }));
     std::printf("  (checksum %zu)\n", sink);
     return 0;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/database.h"
+#include "platform/sql/database.h"
 
 namespace tolvinpt::capture {
 

@@ -8,9 +8,9 @@
 #include "forms/frmData/record_display.h"
 #include "forms/frmData/record_list_menu.h"
 #include "forms/keyed_toolbar.h"
-#include "platform/database.h"
-#include "platform/guarded.h"
-#include "platform/messages.h"
+#include "platform/sql/database.h"
+#include "platform/widgets/guarded.h"
+#include "platform/widgets/messages.h"
 #include "store/delivery_reads.h"
 
 #include <tolvinpt/error.h>
@@ -185,7 +185,8 @@ db::Database& EntryCall::store()
 SplitResult EntryCall::split(const DeliverySplit& split)
 {
     db::Database& database = store();
-    SplitResult result = splitDelivery(database, m_openSplit.emplace(database, db::Transaction::Kind::Write), split);
+    SplitResult result =
+        splitDelivery(database, m_openSplit.emplace(database, db::Transaction::Kind::Write), split);
     m_openSplit.reset(); // committed
     return result;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "forms/frmData/frmData.h"
-#include "platform/database.h"
-#include "platform/transaction.h"
+#include "platform/sql/database.h"
+#include "platform/sql/transaction.h"
 #include "store/delivery_split.h"
 
 #include <tolvinpt/host.h>

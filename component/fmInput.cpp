@@ -3,8 +3,8 @@
 #include "component/entry_procedure.h"
 #include "component/host_registry.h"
 #include "component/state.h"
-#include "platform/database.h"
-#include "platform/messages.h"
+#include "platform/sql/database.h"
+#include "platform/widgets/messages.h"
 
 #include <QFileInfo>
 

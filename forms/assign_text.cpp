@@ -1,6 +1,6 @@
 #include "forms/assign_text.h"
 
-#include "platform/guarded.h"
+#include "platform/widgets/guarded.h"
 
 #include <QLineEdit>
 

@@ -2,8 +2,8 @@
 
 #include "forms/input_mode.h"
 #include "forms/list_width_combo.h"
-#include "platform/field_state.h"
-#include "platform/twips.h"
+#include "platform/widgets/field_state.h"
+#include "platform/widgets/twips.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,6 +1,6 @@
 #include "forms/input_mode.h"
 
-#include "platform/guarded.h"
+#include "platform/widgets/guarded.h"
 
 #include <QComboBox>
 #include <QEvent>

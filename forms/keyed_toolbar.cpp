@@ -1,6 +1,6 @@
 #include "forms/keyed_toolbar.h"
 
-#include "platform/guarded.h"
+#include "platform/widgets/guarded.h"
 
 #include <QIcon>
 #include <QToolButton>

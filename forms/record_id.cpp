@@ -1,6 +1,6 @@
 #include "forms/record_id.h"
 
-#include "platform/number_text.h"
+#include "platform/values/number_text.h"
 
 #include <limits>
 

@@ -1,8 +1,8 @@
 #include "forms/text_checks.h"
 
 #include "forms/assign_text.h"
-#include "platform/messages.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
+#include "platform/widgets/messages.h"
 
 #include <QLineEdit>
 

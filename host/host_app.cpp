@@ -7,7 +7,7 @@
 #include "host/host_objects.h"
 #include "host/main_window.h"
 
-#include "platform/messages.h"
+#include "platform/widgets/messages.h"
 
 #include <tolvinpt/hard_copy.h>
 #include <tolvinpt/host.h>

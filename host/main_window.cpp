@@ -4,7 +4,7 @@
 #include "host/list_selection.h"
 #include "host/record_kind.h"
 
-#include "platform/messages.h"
+#include "platform/widgets/messages.h"
 
 #include <tolvinpt/error.h>
 

@@ -1,9 +1,9 @@
 #include "store/delivery_reads.h"
 
-#include "platform/database.h"
-#include "platform/sql_dialect.h"
-#include "platform/sql_values.h"
-#include "platform/transaction.h"
+#include "platform/sql/database.h"
+#include "platform/sql/sql_dialect.h"
+#include "platform/sql/sql_values.h"
+#include "platform/sql/transaction.h"
 #include "store/package_quantities.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "store/delivery_record.h"
 
-#include "platform/sql_values.h"
+#include "platform/sql/sql_values.h"
 
 namespace tolvinpt {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/currency.h"
+#include "platform/values/currency.h"
 #include "store/delivery_columns.h"
 
 #include <QDate>

@@ -1,8 +1,8 @@
 #include "store/delivery_save.h"
 
-#include "platform/database.h"
-#include "platform/sql_dialect.h"
-#include "platform/transaction.h"
+#include "platform/sql/database.h"
+#include "platform/sql/sql_dialect.h"
+#include "platform/sql/transaction.h"
 #include "store/delivery_writes.h"
 
 using namespace Qt::StringLiterals;
@@ -33,7 +33,8 @@ bool sameAsShown(const DeliveryRecord& shown, const DeliveryRecord& stored)
         if (!comparedWithShown(info))
             continue;
         // Exact: a change of letter case only is a change too.
-        if (shown.has(info.column) != stored.has(info.column) || shown.value(info.column) != stored.value(info.column))
+        if (shown.has(info.column) != stored.has(info.column) ||
+            shown.value(info.column) != stored.value(info.column))
             return false;
     }
     return true;
@@ -54,9 +55,9 @@ void updateDetail(db::Database& database, qint64 id, const DeliveryRecord& detai
 // The package mode and quantity, and the package rows rewritten as a whole.
 void writePackages(db::Database& database, qint64 id, const DeliverySave::Packages& packages)
 {
-    database.execute(packageModeSql(), {int(packages.mode),
-                                        storedValue(database.dialect(), DeliveryColumn::Quantity, packages.quantity),
-                                        id});
+    database.execute(packageModeSql(),
+                     {int(packages.mode),
+                      storedValue(database.dialect(), DeliveryColumn::Quantity, packages.quantity), id});
     database.execute(packageRowsDeleteSql(), {id});
     if (packages.mode != PackageMode::Individual)
         return;

@@ -1,9 +1,9 @@
 #include "store/delivery_split.h"
 
-#include "platform/database.h"
-#include "platform/sql_dialect.h"
-#include "platform/text.h"
-#include "platform/transaction.h"
+#include "platform/sql/database.h"
+#include "platform/sql/sql_dialect.h"
+#include "platform/sql/transaction.h"
+#include "platform/values/text.h"
 #include "store/delivery_writes.h"
 #include "store/like_match.h"
 #include "store/package_mode.h"
@@ -98,8 +98,8 @@ QString insertSql(const db::SqlDialect& dialect, const QStringList& columns, con
         names.append(quoted(columns[i]));
         values.append(changed(changes, deliveryColumnNamed(columns[i])) ? u"?"_s : quoted(columns[i]));
     }
-    QString sql = u"INSERT INTO T_Delivery ("_s + names.join(u", "_s) + u") SELECT "_s + values.join(u", "_s) +
-                  u" FROM T_Delivery WHERE "_s + quoted(columns[0]) + u" = ?"_s;
+    QString sql = u"INSERT INTO T_Delivery ("_s + names.join(u", "_s) + u") SELECT "_s +
+                  values.join(u", "_s) + u" FROM T_Delivery WHERE "_s + quoted(columns[0]) + u" = ?"_s;
     if (dialect.insertReturnsKey())
         sql += u" RETURNING "_s + quoted(columns[0]);
     return sql;
@@ -147,8 +147,8 @@ Changes newRowOf(const db::SqlDialect& dialect, const DeliverySplit& split, cons
 
 qint64 insertNewRow(db::Database& database, const QStringList& columns, const Changes& changes, qint64 id)
 {
-    db::Statement insert = run(database, insertSql(database.dialect(), columns, changes),
-                               insertValues(columns, changes, id));
+    db::Statement insert =
+        run(database, insertSql(database.dialect(), columns, changes), insertValues(columns, changes, id));
     if (!database.dialect().insertReturnsKey())
         return insert.lastInsertId();
     insert.next();

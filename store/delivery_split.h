@@ -4,7 +4,7 @@
 // copy of it under a new delivery key number carries the quantity split off.
 // Threading: UI thread only, like the connection.
 
-#include "platform/currency.h"
+#include "platform/values/currency.h"
 #include "store/delivery_save.h"
 
 namespace tolvinpt {

@@ -1,8 +1,8 @@
 #include "store/delivery_writes.h"
 
-#include "platform/database.h"
-#include "platform/sql_dialect.h"
-#include "platform/sql_values.h"
+#include "platform/sql/database.h"
+#include "platform/sql/sql_dialect.h"
+#include "platform/sql/sql_values.h"
 
 #include <QLocale>
 

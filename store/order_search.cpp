@@ -1,6 +1,6 @@
-#include "platform/database.h"
-#include "platform/jet_like.h"
-#include "platform/sql_dialect.h"
+#include "platform/sql/database.h"
+#include "platform/sql/jet_like.h"
+#include "platform/sql/sql_dialect.h"
 #include "store/delivery_reads.h"
 #include "store/delivery_save.h"
 #include "store/like_match.h"
@@ -27,7 +27,8 @@ namespace {
 
 QString orderSearchSql(const LikeMatch& order)
 {
-    return u"SELECT * FROM T_Delivery WHERE IDCustomer = ? AND "_s + order.sql + u" ORDER BY F00159, IDData LIMIT 1"_s;
+    return u"SELECT * FROM T_Delivery WHERE IDCustomer = ? AND "_s + order.sql +
+           u" ORDER BY F00159, IDData LIMIT 1"_s;
 }
 
 } // namespace
@@ -38,7 +39,8 @@ QString orderSearchSql(const db::SqlDialect& dialect, bool literalStart)
     return orderSearchSql(likeMatch(dialect, u"F00007"_s, literalStart ? u"A"_s : u"*"_s));
 }
 
-std::optional<DeliveryRecord> findOrderRecord(db::Database& database, qint64 customer, const QString& orderPattern)
+std::optional<DeliveryRecord> findOrderRecord(db::Database& database, qint64 customer,
+                                              const QString& orderPattern)
 {
     const LikeMatch match = likeMatch(database.dialect(), u"F00007"_s, orderPattern);
     db::Statement statement = database.prepare(orderSearchSql(match));

@@ -1,7 +1,7 @@
 #include "store/schema.h"
 
-#include "platform/database.h"
-#include "platform/sql_dialect.h"
+#include "platform/sql/database.h"
+#include "platform/sql/sql_dialect.h"
 
 #include <QFile>
 

@@ -1,6 +1,6 @@
 #include "store/taxation.h"
 
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace tolvinpt {
 

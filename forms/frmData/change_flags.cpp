@@ -5,8 +5,8 @@
 #include "forms/frmData/frmData.h"
 #include "forms/frmData/number_rules.h"
 
-#include "platform/field_state.h"
-#include "platform/guarded.h"
+#include "platform/widgets/field_state.h"
+#include "platform/widgets/guarded.h"
 #include "store/package_quantities.h"
 
 #include <QCheckBox>
@@ -96,7 +96,8 @@ void frmData::optQuantity_Click(int index)
     control(QStringLiteral("cmdQuantity"))->setEnabled(index == 3);
     gPackageQty.fill(Currency());
     if (index == 3)
-        gPackageQty[0] = frmdata::readCurrency(control<QLineEdit>(QStringLiteral("txtAmountDelivery"))->text());
+        gPackageQty[0] =
+            frmdata::readCurrency(control<QLineEdit>(QStringLiteral("txtAmountDelivery"))->text());
     bChangedQTY = true;
     // Tab reaches the selected option only; the arrow keys move between the options.
     for (int other = 1; other <= PackageModes; ++other)

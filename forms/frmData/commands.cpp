@@ -5,11 +5,11 @@
 #include "forms/frmData/frmData.h"
 #include "forms/frmData/record_list_menu.h"
 #include "forms/keyed_toolbar.h"
-#include "platform/database.h"
-#include "platform/field_state.h"
-#include "platform/guarded.h"
-#include "platform/messages.h"
-#include "platform/validate_on_leave.h"
+#include "platform/sql/database.h"
+#include "platform/widgets/field_state.h"
+#include "platform/widgets/guarded.h"
+#include "platform/widgets/messages.h"
+#include "platform/widgets/validate_on_leave.h"
 
 #include <QAction>
 #include <QCheckBox>

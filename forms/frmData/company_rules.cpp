@@ -3,8 +3,8 @@
 
 #include "forms/combo_items.h"
 #include "forms/frmData/frmData.h"
-#include "platform/event_guard.h"
-#include "platform/guarded.h"
+#include "platform/widgets/event_guard.h"
+#include "platform/widgets/guarded.h"
 
 #include <tolvinpt/host.h>
 

@@ -2,13 +2,13 @@
 #include "forms/frmData/currency_rules.h"
 
 #include "forms/frmData/frmData.h"
-#include "platform/event_guard.h"
-#include "platform/guarded.h"
-#include "platform/key_filter.h"
-#include "platform/messages.h"
-#include "platform/select_all.h"
-#include "platform/text.h"
-#include "platform/validate_on_leave.h"
+#include "platform/values/text.h"
+#include "platform/widgets/event_guard.h"
+#include "platform/widgets/guarded.h"
+#include "platform/widgets/key_filter.h"
+#include "platform/widgets/messages.h"
+#include "platform/widgets/select_all.h"
+#include "platform/widgets/validate_on_leave.h"
 
 #include <QComboBox>
 #include <QLineEdit>

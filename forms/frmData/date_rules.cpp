@@ -2,10 +2,10 @@
 #include "forms/frmData/date_rules.h"
 
 #include "forms/frmData/frmData.h"
-#include "platform/date.h"
-#include "platform/key_filter.h"
-#include "platform/messages.h"
-#include "platform/validate_on_leave.h"
+#include "platform/values/date.h"
+#include "platform/widgets/key_filter.h"
+#include "platform/widgets/messages.h"
+#include "platform/widgets/validate_on_leave.h"
 
 #include <QLineEdit>
 

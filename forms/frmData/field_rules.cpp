@@ -7,8 +7,8 @@
 #include "forms/frmData/number_rules.h"
 #include "forms/frmData/text_rules.h"
 
-#include "platform/select_all.h"
-#include "platform/validate_on_leave.h"
+#include "platform/widgets/select_all.h"
+#include "platform/widgets/validate_on_leave.h"
 
 #include <QLineEdit>
 

@@ -7,9 +7,9 @@
 #include "forms/frmData/record_list_menu.h"
 #include "forms/keyed_toolbar.h"
 #include "forms/menu_builder.h"
-#include "platform/guarded.h"
-#include "platform/twips.h"
-#include "platform/validate_on_leave.h"
+#include "platform/widgets/guarded.h"
+#include "platform/widgets/twips.h"
+#include "platform/widgets/validate_on_leave.h"
 
 #include <QKeyEvent>
 #include <QMenuBar>

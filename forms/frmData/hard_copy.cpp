@@ -5,8 +5,8 @@
 #include "capture/hard_copy_error.h"
 #include "capture/window_capture.h"
 #include "forms/frmData/frmData.h"
-#include "platform/guarded.h"
-#include "platform/messages.h"
+#include "platform/widgets/guarded.h"
+#include "platform/widgets/messages.h"
 
 #include <QAction>
 #include <QDir>

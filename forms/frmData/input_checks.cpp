@@ -6,10 +6,10 @@
 #include "forms/frmData/frmData.h"
 #include "forms/frmData/number_rules.h"
 #include "forms/run_time_error.h"
-#include "platform/field_state.h"
-#include "platform/messages.h"
-#include "platform/text.h"
-#include "platform/validate_on_leave.h"
+#include "platform/values/text.h"
+#include "platform/widgets/field_state.h"
+#include "platform/widgets/messages.h"
+#include "platform/widgets/validate_on_leave.h"
 #include "store/delivery_reads.h"
 
 #include <tolvinpt/host.h>

@@ -4,8 +4,8 @@
 // price. Quantities are read leniently (their leading number) and clamped at the maximum with a beep;
 // the unit price must convert as a whole and is refused with a message when too large.
 
-#include "platform/currency.h"
-#include "platform/decimal.h"
+#include "platform/values/currency.h"
+#include "platform/values/decimal.h"
 
 namespace tolvinpt {
 class frmData;

@@ -5,9 +5,9 @@
 #include "forms/frmData/frmData.h"
 #include "forms/frmData/input_checks.h"
 #include "forms/frmData/record_fields.h"
-#include "platform/date.h"
-#include "platform/messages.h"
-#include "platform/text.h"
+#include "platform/values/date.h"
+#include "platform/values/text.h"
+#include "platform/widgets/messages.h"
 
 #include <tolvinpt/host.h>
 

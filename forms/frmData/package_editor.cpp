@@ -4,8 +4,8 @@
 #include "forms/frmData/frmData.h"
 #include "forms/frmData/number_rules.h"
 #include "forms/frmQuantity/frmQuantity.h"
-#include "platform/guarded.h"
-#include "platform/messages.h"
+#include "platform/widgets/guarded.h"
+#include "platform/widgets/messages.h"
 
 #include <QLineEdit>
 #include <QPushButton>

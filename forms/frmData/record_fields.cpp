@@ -2,8 +2,8 @@
 
 #include "forms/assign_text.h"
 #include "forms/frmData/frmData.h"
-#include "platform/database.h"
-#include "platform/decimal.h"
+#include "platform/sql/database.h"
+#include "platform/values/decimal.h"
 #include "store/delivery_record.h"
 
 #include <QCheckBox>

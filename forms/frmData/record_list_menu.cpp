@@ -1,6 +1,6 @@
 #include "forms/frmData/record_list_menu.h"
 
-#include "platform/guarded.h"
+#include "platform/widgets/guarded.h"
 
 #include <QAbstractListModel>
 #include <QActionEvent>

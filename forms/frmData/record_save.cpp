@@ -4,8 +4,8 @@
 #include "forms/frmData/input_checks.h"
 #include "forms/frmData/record_display.h"
 #include "forms/frmData/save_values.h"
-#include "platform/database.h"
-#include "platform/messages.h"
+#include "platform/sql/database.h"
+#include "platform/widgets/messages.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
@@ -30,8 +30,7 @@ void showSaveError(const db::DatabaseError& error)
 void offerReload(frmData& form, qint64 id)
 {
     const Message question{ChangedByOtherText.toString() + NotSaved + OfferStored, SaveTitle.toString(),
-                           QMessageBox::Question,
-                           QMessageBox::Yes | QMessageBox::No, QMessageBox::No};
+                           QMessageBox::Question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No};
     if (messages().show(question) != QMessageBox::Yes)
         return;
     try {

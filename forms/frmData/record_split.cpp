@@ -6,8 +6,8 @@
 #include "forms/frmData/record_display.h"
 #include "forms/frmData/save_values.h"
 #include "forms/frmDivide/frmDivide.h"
-#include "platform/database.h"
-#include "platform/messages.h"
+#include "platform/sql/database.h"
+#include "platform/widgets/messages.h"
 
 #include <QLineEdit>
 

@@ -1,7 +1,7 @@
 // The blank record, the order fields' lock and new-record mode.
 #include "forms/frmData/frmData.h"
 
-#include "platform/field_state.h"
+#include "platform/widgets/field_state.h"
 
 #include <QCheckBox>
 #include <QComboBox>

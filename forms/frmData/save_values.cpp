@@ -8,15 +8,14 @@
 #include "forms/frmData/record_fields.h"
 #include "forms/record_id.h"
 #include "forms/run_time_error.h"
-#include "platform/number_text.h"
-#include "platform/text.h"
+#include "platform/values/number_text.h"
+#include "platform/values/text.h"
 #include "store/delivery_writes.h"
 #include "store/taxation.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
-
 
 using namespace Qt::StringLiterals;
 

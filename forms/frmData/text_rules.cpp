@@ -2,8 +2,8 @@
 
 #include "forms/frmData/frmData.h"
 #include "forms/text_checks.h"
-#include "platform/key_filter.h"
-#include "platform/validate_on_leave.h"
+#include "platform/widgets/key_filter.h"
+#include "platform/widgets/validate_on_leave.h"
 
 #include <QLineEdit>
 

@@ -3,7 +3,7 @@
 #include "forms/frmData/frmData.h"
 #include "forms/frmData/record_display.h"
 #include "forms/keyed_toolbar.h"
-#include "platform/field_state.h"
+#include "platform/widgets/field_state.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -16,8 +16,9 @@ constexpr QStringView Commands[] = {u"mnuDataNew", u"mnuDataDivide", u"mnuDataDe
 constexpr int CommandButtons[] = {1, 8, 9};
 constexpr QStringView SupplierLabels[] = {u"Label9",  u"Label10", u"Label13", u"Label18",
                                           u"Label20", u"Label23", u"Label24"};
-constexpr QStringView SupplierFields[] = {u"txtMyHCode",   u"txtDate(1)",  u"txtDate(2)",  u"txtAmountDelivery",
-                                          u"txtUnitPrice", u"cobCurrency", u"cobTaxation"};
+constexpr QStringView SupplierFields[] = {u"txtMyHCode",        u"txtDate(1)",   u"txtDate(2)",
+                                          u"txtAmountDelivery", u"txtUnitPrice", u"cobCurrency",
+                                          u"cobTaxation"};
 
 } // namespace
 
@@ -29,7 +30,8 @@ void applyViewOnly(frmData& form, bool viewOnly)
     for (int position : CommandButtons)
         form.toolbar1()->setButtonEnabled(position, open);
     for (QStringView name : SupplierLabels)
-        setCaptionColour(form.control(name.toString()), open ? SystemColour::Highlight : SystemColour::WindowText);
+        setCaptionColour(form.control(name.toString()),
+                         open ? SystemColour::Highlight : SystemColour::WindowText);
     for (QStringView name : SupplierFields) {
         QWidget* field = form.control(name.toString());
         setLocked(field, viewOnly);

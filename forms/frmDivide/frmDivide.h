@@ -7,7 +7,7 @@
 //         SplitRecord(request->oldKey, request->oldQuantity, request->newKey, request->newQuantity);
 
 #include "forms/form_builder.h"
-#include "platform/currency.h"
+#include "platform/values/currency.h"
 
 #include <QDialog>
 

@@ -6,11 +6,11 @@
 #include "forms/frmQuantity/package_grid.h"
 #include "forms/frmQuantity/package_model.h"
 #include "forms/keyed_toolbar.h"
-#include "platform/guarded.h"
-#include "platform/messages.h"
-#include "platform/number_text.h"
-#include "platform/twips.h"
-#include "platform/validate_on_leave.h"
+#include "platform/values/number_text.h"
+#include "platform/widgets/guarded.h"
+#include "platform/widgets/messages.h"
+#include "platform/widgets/twips.h"
+#include "platform/widgets/validate_on_leave.h"
 
 #include <QLineEdit>
 
@@ -154,7 +154,9 @@ void frmQuantity::closeDialog()
     default:
         return;
     }
-    const auto read = [this](QStringView name) { return leadingNumber(control<QLineEdit>(name.toString())->text()); };
+    const auto read = [this](QStringView name) {
+        return leadingNumber(control<QLineEdit>(name.toString())->text());
+    };
     if (read(u"txtTotal") != read(u"txtDelivery")) {
         showExclamation(TotalMismatch.toString(), TotalMismatchTitle.toString());
         return;

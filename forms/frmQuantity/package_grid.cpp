@@ -1,9 +1,9 @@
 #include "forms/frmQuantity/package_grid.h"
 
 #include "forms/frmQuantity/package_model.h"
-#include "platform/guarded.h"
-#include "platform/key_filter.h"
-#include "platform/messages.h"
+#include "platform/widgets/guarded.h"
+#include "platform/widgets/key_filter.h"
+#include "platform/widgets/messages.h"
 
 #include <QApplication>
 #include <QClipboard>

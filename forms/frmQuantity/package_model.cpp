@@ -1,9 +1,9 @@
 #include "forms/frmQuantity/package_model.h"
 
 #include "forms/frmData/number_rules.h"
-#include "platform/guarded.h"
-#include "platform/messages.h"
-#include "platform/number_text.h"
+#include "platform/values/number_text.h"
+#include "platform/widgets/guarded.h"
+#include "platform/widgets/messages.h"
 
 #include <QFont>
 #include <QGuiApplication>
@@ -22,7 +22,9 @@ QString shown(Currency value)
 
 } // namespace
 
-PackageModel::PackageModel(QObject* parent) : QAbstractTableModel(parent) {}
+PackageModel::PackageModel(QObject* parent) : QAbstractTableModel(parent)
+{
+}
 
 int PackageModel::rowCount(const QModelIndex& parent) const
 {

@@ -3,13 +3,13 @@
 #include "forms/frmQuantity/frmQuantity.h"
 #include "forms/frmQuantity/package_grid.h"
 #include "forms/frmQuantity/package_model.h"
-#include "platform/guarded.h"
-#include "platform/key_filter.h"
-#include "platform/messages.h"
-#include "platform/number_text.h"
-#include "platform/select_all.h"
-#include "platform/text.h"
-#include "platform/validate_on_leave.h"
+#include "platform/values/number_text.h"
+#include "platform/values/text.h"
+#include "platform/widgets/guarded.h"
+#include "platform/widgets/key_filter.h"
+#include "platform/widgets/messages.h"
+#include "platform/widgets/select_all.h"
+#include "platform/widgets/validate_on_leave.h"
 
 #include <QApplication>
 #include <QLineEdit>

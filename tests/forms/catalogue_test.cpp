@@ -4,8 +4,8 @@
 #include "stated_fields.h"
 
 #include "forms/form_builder.h"
-#include "platform/field_state.h"
-#include "platform/twips.h"
+#include "platform/widgets/field_state.h"
+#include "platform/widgets/twips.h"
 
 #include <QGroupBox>
 #include <QLabel>

@@ -4,7 +4,7 @@
 
 #include "forms/frmData/record_list_menu.h"
 #include "forms/keyed_toolbar.h"
-#include "platform/field_state.h"
+#include "platform/widgets/field_state.h"
 
 #include <QCheckBox>
 #include <QSignalSpy>

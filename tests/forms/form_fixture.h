@@ -6,7 +6,7 @@
 #include "component/host_registry.h"
 #include "forms/frmData/catalogue.h"
 #include "forms/frmData/frmData.h"
-#include "platform/validate_on_leave.h"
+#include "platform/widgets/validate_on_leave.h"
 #include "tests/support/fake_host.h"
 #include "tests/support/operator_input.h"
 #include "tests/support/scripted_messages.h"

@@ -6,7 +6,7 @@
 #include "forms/combo_items.h"
 #include "forms/frmData/record_list_menu.h"
 #include "forms/keyed_toolbar.h"
-#include "platform/field_state.h"
+#include "platform/widgets/field_state.h"
 #include "store/package_quantities.h"
 
 #include <QAbstractItemView>

@@ -3,7 +3,7 @@
 
 #include "forms/frmData/record_display.h"
 #include "forms/keyed_toolbar.h"
-#include "platform/field_state.h"
+#include "platform/widgets/field_state.h"
 #include "store/delivery_writes.h"
 #include "store/package_quantities.h"
 #include "tests/support/temp_database.h"
@@ -142,8 +142,9 @@ TEST_F(Display, EveryFieldShowsItsOwnColumnAndAMissingColumnBlanksOnlyItsField)
             values.append(row.stored);
         }
     }
-    db::Statement insert = temp.db().prepare(u"INSERT INTO T_Delivery ("_s + columns.join(u", "_s) + u") VALUES ("_s +
-                                             QStringList(columns.size(), u"?"_s).join(u", "_s) + u')');
+    db::Statement insert =
+        temp.db().prepare(u"INSERT INTO T_Delivery ("_s + columns.join(u", "_s) + u") VALUES ("_s +
+                          QStringList(columns.size(), u"?"_s).join(u", "_s) + u')');
     for (int i = 0; i < values.size(); ++i)
         insert.bind(i, values[i]);
     insert.exec();

@@ -3,7 +3,7 @@
 #include "entry_fixture.h"
 
 #include "forms/keyed_toolbar.h"
-#include "platform/field_state.h"
+#include "platform/widgets/field_state.h"
 #include "store/package_quantities.h"
 
 #include <QToolButton>

@@ -1,8 +1,8 @@
 // The database layer on real SQLite files: bound values, engine errors, transactions, autonumbers.
-#include "platform/database.h"
-#include "platform/sql_dialect.h"
-#include "platform/sql_values.h"
-#include "platform/transaction.h"
+#include "platform/sql/database.h"
+#include "platform/sql/sql_dialect.h"
+#include "platform/sql/sql_values.h"
+#include "platform/sql/transaction.h"
 #include "tests/support/temp_database.h"
 
 #include <gtest/gtest.h>
@@ -81,7 +81,8 @@ TEST_P(Layer, TransactionRollsBackUnlessCommitted)
     {
         Transaction transaction(db(), Transaction::Kind::Write);
         db().execute(u"INSERT INTO t (code) VALUES ('dropped')"_s);
-        EXPECT_THROW(Transaction inner(db(), Transaction::Kind::Read), DatabaseError); // one at a time on a connection
+        EXPECT_THROW(Transaction inner(db(), Transaction::Kind::Read),
+                     DatabaseError); // one at a time on a connection
     }
     EXPECT_EQ(count(), 0);
     try {

@@ -1,6 +1,6 @@
 // Like patterns and case-insensitive text equality, alone and on a real database.
-#include "platform/jet_like.h"
-#include "platform/sql_dialect.h"
+#include "platform/sql/jet_like.h"
+#include "platform/sql/sql_dialect.h"
 #include "tests/support/temp_database.h"
 
 #include <gtest/gtest.h>
@@ -16,16 +16,44 @@ enum Outcome { No, Yes, Invalid };
 // Only ASCII letters fold; ? is one character, even two UTF-16 units; # one ASCII digit.
 TEST(LikePattern, MatchesTheTable)
 {
-    const std::tuple<const char16_t*, const char16_t*, Outcome> cases[] = {
-        {u"ABC", u"abc", Yes}, {u"abc", u"abc ", No}, {u"", u"", Yes}, {u"", u"a", No}, {u"ｱｲｳ", u"ｱｲｳ", Yes},
-        {u"Ａ", u"ａ", No}, {u"A*", u"A-1234", Yes}, {u"A*", u"BA", No}, {u"*", u"", Yes}, {u"a**b", u"ab", Yes},
-        {u"a*b*c", u"axxbyyc", Yes}, {u"a*b*c", u"axxbyy", No}, {u"*ab", u"aab", Yes}, {u"?", u"", No},
-        {u"a?c", u"a c", Yes}, {u"?", u"😀", Yes}, {u"A##", u"a12", Yes}, {u"#", u"a", No}, {u"#", u"７", No},
-        {u"[abc]", u"B", Yes}, {u"[abc]", u"d", No}, {u"[a-c]x", u"Bx", Yes}, {u"[A-C]", u"b", Yes},
-        {u"[!a-c]", u"d", Yes}, {u"[!a-c]", u"B", No}, {u"[-a]", u"-", Yes}, {u"[a-]", u"-", Yes},
-        {u"[*]", u"*", Yes}, {u"[*]", u"a", No}, {u"[?]x", u"?x", Yes}, {u"[#]", u"#", Yes}, {u"[[]", u"[", Yes},
-        {u"a]", u"a]", Yes}, {u"a[]b", u"ab", Yes}, {u"[!]", u"x", Yes}, {u"[abc", u"a", Invalid},
-        {u"[z-a]", u"b", Invalid}, {u"a[", u"a", Invalid}};
+    const std::tuple<const char16_t*, const char16_t*, Outcome> cases[] = {{u"ABC", u"abc", Yes},
+                                                                           {u"abc", u"abc ", No},
+                                                                           {u"", u"", Yes},
+                                                                           {u"", u"a", No},
+                                                                           {u"ｱｲｳ", u"ｱｲｳ", Yes},
+                                                                           {u"Ａ", u"ａ", No},
+                                                                           {u"A*", u"A-1234", Yes},
+                                                                           {u"A*", u"BA", No},
+                                                                           {u"*", u"", Yes},
+                                                                           {u"a**b", u"ab", Yes},
+                                                                           {u"a*b*c", u"axxbyyc", Yes},
+                                                                           {u"a*b*c", u"axxbyy", No},
+                                                                           {u"*ab", u"aab", Yes},
+                                                                           {u"?", u"", No},
+                                                                           {u"a?c", u"a c", Yes},
+                                                                           {u"?", u"😀", Yes},
+                                                                           {u"A##", u"a12", Yes},
+                                                                           {u"#", u"a", No},
+                                                                           {u"#", u"７", No},
+                                                                           {u"[abc]", u"B", Yes},
+                                                                           {u"[abc]", u"d", No},
+                                                                           {u"[a-c]x", u"Bx", Yes},
+                                                                           {u"[A-C]", u"b", Yes},
+                                                                           {u"[!a-c]", u"d", Yes},
+                                                                           {u"[!a-c]", u"B", No},
+                                                                           {u"[-a]", u"-", Yes},
+                                                                           {u"[a-]", u"-", Yes},
+                                                                           {u"[*]", u"*", Yes},
+                                                                           {u"[*]", u"a", No},
+                                                                           {u"[?]x", u"?x", Yes},
+                                                                           {u"[#]", u"#", Yes},
+                                                                           {u"[[]", u"[", Yes},
+                                                                           {u"a]", u"a]", Yes},
+                                                                           {u"a[]b", u"ab", Yes},
+                                                                           {u"[!]", u"x", Yes},
+                                                                           {u"[abc", u"a", Invalid},
+                                                                           {u"[z-a]", u"b", Invalid},
+                                                                           {u"a[", u"a", Invalid}};
     for (const auto& [pattern, text, expected] : cases) {
         const std::optional<bool> result = likeMatches(QString::fromUtf16(pattern), QString::fromUtf16(text));
         EXPECT_EQ(result, expected == Invalid ? std::nullopt : std::optional(expected == Yes))
@@ -65,9 +93,9 @@ TEST_P(OnDatabase, LikeAndEqualityIgnoreAsciiCaseOnly)
     const SqlDialect& dialect = temp.db().dialect();
     const auto like = &SqlDialect::matchesLike, equals = &SqlDialect::textEquals;
     const std::tuple<decltype(like), QString, QList<int>> cases[] = {
-        {like, u"a*"_s, {1, 2}}, {like, u"[!a]-###"_s, {3}}, {like, u"*1*"_s, {1, 3, 4, 5}}, {like, u"ｶﾅ*"_s, {4}},
-        {like, u"a-1"_s, {}}, {like, u"*"_s, {1, 2, 3, 4, 5}}, {equals, u"A-200"_s, {2}},
-        {equals, u"b-100 "_s, {}}, {equals, u"ａ-1"_s, {}}};
+        {like, u"a*"_s, {1, 2}},   {like, u"[!a]-###"_s, {3}}, {like, u"*1*"_s, {1, 3, 4, 5}},
+        {like, u"ｶﾅ*"_s, {4}},     {like, u"a-1"_s, {}},       {like, u"*"_s, {1, 2, 3, 4, 5}},
+        {equals, u"A-200"_s, {2}}, {equals, u"b-100 "_s, {}},  {equals, u"ａ-1"_s, {}}};
     for (const QString& column : {u"v"_s, u"plain"_s}) {
         for (const auto& [condition, value, ids] : cases)
             EXPECT_EQ(select((dialect.*condition)(column), value), ids) << value.toStdString();

@@ -2,7 +2,7 @@
 
 // A real, active window with a few fields, for tests of the focus and key glue.
 
-#include "platform/validate_on_leave.h"
+#include "platform/widgets/validate_on_leave.h"
 #include "tests/support/operator_input.h"
 
 #include <QComboBox>

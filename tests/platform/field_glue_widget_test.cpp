@@ -1,8 +1,8 @@
 // Small pieces of field glue: select-all on entry, locked and grey fields.
 #include "field_form.h"
 
-#include "platform/field_state.h"
-#include "platform/select_all.h"
+#include "platform/widgets/field_state.h"
+#include "platform/widgets/select_all.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "platform/key_filter.h"
+#include "platform/widgets/key_filter.h"
 
 #include "tests/support/operator_input.h"
 #include "tests/support/scripted_messages.h"

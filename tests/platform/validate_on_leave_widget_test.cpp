@@ -1,6 +1,6 @@
 #include "field_form.h"
 
-#include "platform/messages.h"
+#include "platform/widgets/messages.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -43,12 +43,23 @@ TEST(ValidateOnLeave, LeavingAFieldValidatesItAndARefusalKeepsTheFocus)
 {
     using enum Move;
     using enum Field;
-    const std::tuple<Move, Field, Field, bool> cases[] = { // move, from, to, refused
-        {Tab, A, B, false}, {Tab, A, B, true}, {Backtab, B, A, true}, {Tab, Combo, Button, true},
-        {Mnemonic, A, B, false}, {Mnemonic, Combo, B, true}, {Click, A, B, false}, {Click, A, B, true},
-        {Click, B, Combo, true}, {Click, Combo, A, true}, {Click, A, Button, false}, {Click, A, Button, true},
-        {ClickThroughWindow, A, B, false}, {ClickThroughWindow, A, B, true},
-        {ClickThroughWindow, A, Combo, true}, {ClickThroughWindow, B, Button, true}};
+    const std::tuple<Move, Field, Field, bool> cases[] = {// move, from, to, refused
+                                                          {Tab, A, B, false},
+                                                          {Tab, A, B, true},
+                                                          {Backtab, B, A, true},
+                                                          {Tab, Combo, Button, true},
+                                                          {Mnemonic, A, B, false},
+                                                          {Mnemonic, Combo, B, true},
+                                                          {Click, A, B, false},
+                                                          {Click, A, B, true},
+                                                          {Click, B, Combo, true},
+                                                          {Click, Combo, A, true},
+                                                          {Click, A, Button, false},
+                                                          {Click, A, Button, true},
+                                                          {ClickThroughWindow, A, B, false},
+                                                          {ClickThroughWindow, A, B, true},
+                                                          {ClickThroughWindow, A, Combo, true},
+                                                          {ClickThroughWindow, B, Button, true}};
     for (size_t i = 0; i < std::size(cases); ++i) {
         const auto& [move, fromField, toField, refuse] = cases[i];
         SCOPED_TRACE(i);

@@ -1,7 +1,8 @@
 // The save and the order search on real SQLite files: what a save writes and clears, the duplicate guard
-// (also between processes racing for one key), a row another connection changed, engine faults, hostile texts.
-#include "platform/decimal.h"
-#include "platform/jet_like.h"
+// (also between processes racing for one key), a row another connection changed, engine faults, hostile
+// texts.
+#include "platform/sql/jet_like.h"
+#include "platform/values/decimal.h"
 #include "store/delivery_save.h"
 #include "store/delivery_writes.h"
 #include "tests/support/temp_database.h"
@@ -66,14 +67,19 @@ DeliverySave newRecord(qint64 customer, const QString& order, const QString& key
         if (info.writer == Writer::DetailSave && info.type == ColumnType::Text)
             detail.set(info.column, valueOf(info));
     }
-    const std::pair<C, QVariant> values[] = {
-        {C::IDCustomer, customer},        {C::F00007, order},
-        {C::F00159, key},                 {C::F00029, QString()},
-        {C::F00031, QDate(2005, 3, 10)},  {C::F00039, QDate()},
-        {C::F00040, QDate(9999, 12, 31)}, {C::F00015, u"999999999.999"_s},
-        {C::F00032, 0.001},               {C::F00036, u"-12.5"_s},
-        {C::F00057, 2},                   {C::F00013, u"0"_s},
-        {C::F00282, u"99999999999.99999"_s}};
+    const std::pair<C, QVariant> values[] = {{C::IDCustomer, customer},
+                                             {C::F00007, order},
+                                             {C::F00159, key},
+                                             {C::F00029, QString()},
+                                             {C::F00031, QDate(2005, 3, 10)},
+                                             {C::F00039, QDate()},
+                                             {C::F00040, QDate(9999, 12, 31)},
+                                             {C::F00015, u"999999999.999"_s},
+                                             {C::F00032, 0.001},
+                                             {C::F00036, u"-12.5"_s},
+                                             {C::F00057, 2},
+                                             {C::F00013, u"0"_s},
+                                             {C::F00282, u"99999999999.99999"_s}};
     for (const auto& [column, value] : values)
         detail.set(column, value);
     DeliverySave save;
@@ -154,8 +160,11 @@ TEST_P(Save, EveryDetailColumnReadsBackAsTheFormShowedIt)
     EXPECT_TRUE(read->isNull(C::F00039));
     EXPECT_EQ(read->date(C::F00040), QDate(9999, 12, 31));
     // Quantities show again as typed; exact decimals stay their text.
-    const auto shown = [&](C column) { return Decimal::fromDouble(read->number(column).value())->toString(); };
-    EXPECT_EQ(shown(C::F00015) + u' ' + shown(C::F00032) + u' ' + shown(C::F00036), u"999999999.999 0.001 -12.5"_s);
+    const auto shown = [&](C column) {
+        return Decimal::fromDouble(read->number(column).value())->toString();
+    };
+    EXPECT_EQ(shown(C::F00015) + u' ' + shown(C::F00032) + u' ' + shown(C::F00036),
+              u"999999999.999 0.001 -12.5"_s);
     EXPECT_EQ(read->integer(C::F00057), 2);
     EXPECT_EQ(read->decimal(C::F00013), u"0"_s);
     EXPECT_EQ(read->decimal(C::F00282), u"99999999999.99999"_s);
@@ -189,7 +198,13 @@ TEST_P(Save, PackageRowsAreRewrittenPerModeAndPrintDatesCleared)
         {true, std::nullopt, currencies({3, 4}), 3, u"12.5"_s, false, true},
         {false, individual({10, 0, 5}), currencies({10}), 3, u"12.5"_s, true, false},
         {true, individual({1, 2, 3}, u"0.0001"_s), currencies({1, 2, 3}), 3, u"0.0001"_s, false, false},
-        {false, P{PackageMode::Equal, u"922337203685477.5807"_s, {}}, {}, 2, u"922337203685477.5807"_s, true, false},
+        {false,
+         P{PackageMode::Equal, u"922337203685477.5807"_s, {}},
+         {},
+         2,
+         u"922337203685477.5807"_s,
+         true,
+         false},
         {false, P{PackageMode::Single, u"7"_s, {Currency::fromInteger(9)}}, {}, 1, u"7"_s, true, false},
     };
     for (const auto& c : cases) {
@@ -268,7 +283,8 @@ TEST_P(Save, ARowChangedOrDeletedMeanwhileIsNotOverwritten)
         {u"UPDATE T_Delivery SET QuantityType = 2"_s, SaveOutcome::ChangedByOther},
         {u"UPDATE T_Delivery SET F00002 = '9999'"_s, SaveOutcome::ChangedByOther},
         {u"UPDATE T_DeliveryQTY SET Quantity = '5' WHERE Sequence = 2"_s, SaveOutcome::ChangedByOther},
-        {u"UPDATE T_Delivery SET DateDeliveryPrint = '2006-01-01', DateLabelPrint = NULL"_s, SaveOutcome::Saved},
+        {u"UPDATE T_Delivery SET DateDeliveryPrint = '2006-01-01', DateLabelPrint = NULL"_s,
+         SaveOutcome::Saved},
         {u"UPDATE T_Delivery SET InDustBox = 1"_s, SaveOutcome::Saved},
         {u"DELETE FROM T_Delivery"_s, SaveOutcome::DeletedByOther},
     };
@@ -286,7 +302,8 @@ TEST_P(Save, ARowChangedOrDeletedMeanwhileIsNotOverwritten)
             EXPECT_EQ(after->text(C::F00022), u"ours"_s);
             EXPECT_EQ(readPackageRows(db(), save.id).quantities, currencies({9}));
         } else {
-            EXPECT_EQ(after ? after->text(C::F00022) : std::nullopt, before ? before->text(C::F00022) : std::nullopt);
+            EXPECT_EQ(after ? after->text(C::F00022) : std::nullopt,
+                      before ? before->text(C::F00022) : std::nullopt);
             EXPECT_EQ(readPackageRows(db(), save.id), beforePackages);
         }
         clear();
@@ -310,7 +327,8 @@ TEST_P(Save, AFailedSaveLeavesTheDatabaseAsItWas)
                           u"BEGIN SELECT RAISE(ABORT, 'packages refused'); END"_s);
              return nullptr;
          },
-         {}, 1811},
+         {},
+         1811},
         {"a read-only file", [] { return nullptr; }, u"QSQLITE_OPEN_READONLY"_s, 8},
         {"another writer past the busy timeout",
          [this] {
@@ -365,9 +383,9 @@ TEST_P(Save, TheOrderSearchMatchesWhatThePatternMeans)
         saveDelivery(db(), newRecord(customer, order, key));
     db().execute(u"UPDATE T_Delivery SET InDustBox = 1 WHERE F00007 = 'WB-1'"_s);
     const std::pair<QString, std::optional<QString>> cases[] = {
-        {u"A%1"_s, u"K02"_s},   {u"a%1"_s, u"K02"_s},   {u"A_1"_s, u"K03"_s},  {u"A\"1"_s, u"K04"_s},
-        {u"A[*]1"_s, u"K05"_s}, {u"A[[]1"_s, u"K06"_s}, {u"A\\1"_s, u"K07"_s}, {u"A*1"_s, u"K01"_s},
-        {u"A?1"_s, u"K01"_s},   {u"A#1"_s, u"K08"_s},   {u"WB-1"_s, u"K00"_s}, {u"*"_s, u"K00"_s},
+        {u"A%1"_s, u"K02"_s},   {u"a%1"_s, u"K02"_s},   {u"A_1"_s, u"K03"_s},   {u"A\"1"_s, u"K04"_s},
+        {u"A[*]1"_s, u"K05"_s}, {u"A[[]1"_s, u"K06"_s}, {u"A\\1"_s, u"K07"_s},  {u"A*1"_s, u"K01"_s},
+        {u"A?1"_s, u"K01"_s},   {u"A#1"_s, u"K08"_s},   {u"WB-1"_s, u"K00"_s},  {u"*"_s, u"K00"_s},
         {u"ab1"_s, u"K01"_s},   {u"%"_s, std::nullopt}, {u"A"_s, std::nullopt}, {u"A1"_s, std::nullopt},
     };
     for (const auto& [pattern, key] : cases) {
@@ -382,11 +400,35 @@ TEST_P(Save, TheOrderSearchMatchesWhatThePatternMeans)
 // range on a pattern's literal start with the same result as matching every row.
 TEST_P(Save, HostileTextsRoundTripAndTheSearchRangeLosesNoMatch)
 {
-    const QString texts[] = {
-        u"\"'"_s, u"x'); DELETE FROM T_Delivery; --"_s, u"[A]"_s, u"A?1"_s, u"A#1"_s, QString(1000, u'ｱ'),
-        u"\u200Fאב\u200E12"_s, u"😀絵文字"_s, QString::fromUtf16(u"A\0B", 3), u" A "_s, u"@"_s, u"@z"_s, u"AZ"_s,
-        u"Az{"_s, u"["_s, u"`"_s, u"z"_s, u"Z~"_s, u"{"_s, u"\u007F"_s, u"é"_s, u"É"_s, u"Ａ"_s, u"ａ"_s,
-        u"\U0010FFFF"_s, u"\U0010FFFFa"_s, u"\uD7FF"_s, u"\uE000"_s, u""_s};
+    const QString texts[] = {u"\"'"_s,
+                             u"x'); DELETE FROM T_Delivery; --"_s,
+                             u"[A]"_s,
+                             u"A?1"_s,
+                             u"A#1"_s,
+                             QString(1000, u'ｱ'),
+                             u"\u200Fאב\u200E12"_s,
+                             u"😀絵文字"_s,
+                             QString::fromUtf16(u"A\0B", 3),
+                             u" A "_s,
+                             u"@"_s,
+                             u"@z"_s,
+                             u"AZ"_s,
+                             u"Az{"_s,
+                             u"["_s,
+                             u"`"_s,
+                             u"z"_s,
+                             u"Z~"_s,
+                             u"{"_s,
+                             u"\u007F"_s,
+                             u"é"_s,
+                             u"É"_s,
+                             u"Ａ"_s,
+                             u"ａ"_s,
+                             u"\U0010FFFF"_s,
+                             u"\U0010FFFFa"_s,
+                             u"\uD7FF"_s,
+                             u"\uE000"_s,
+                             u""_s};
     std::vector<std::pair<QString, QString>> rows; // order, key
     for (const QString& text : texts) {
         const QString key = u"K"_s + QString::number(rows.size() + 10);
@@ -401,7 +443,8 @@ TEST_P(Save, HostileTextsRoundTripAndTheSearchRangeLosesNoMatch)
     QStringList patterns;
     for (const QString& text : texts) {
         const QList<uint> first = text.toUcs4().mid(0, 1);
-        const QString start = QString::fromUcs4(reinterpret_cast<const char32_t*>(first.constData()), first.size());
+        const QString start =
+            QString::fromUcs4(reinterpret_cast<const char32_t*>(first.constData()), first.size());
         patterns << text << text + u"*"_s << text.toUpper() << start + u"?"_s << start + u"*"_s;
     }
     for (const QString& pattern : patterns) {

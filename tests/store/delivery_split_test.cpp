@@ -1,6 +1,6 @@
 // The split on real SQLite files: the package rules of both halves at their edges, the refusals that
 // write nothing, and random records split at random in a table with columns of the host's own.
-#include "platform/transaction.h"
+#include "platform/sql/transaction.h"
 #include "store/delivery_split.h"
 #include "store/delivery_writes.h"
 #include "tests/support/temp_database.h"
@@ -39,10 +39,14 @@ protected:
             if (info.type == ColumnType::Text)
                 record.set(info.column, QString(info.name + u"値"_s));
         }
-        const Columns values = {{C::IDCustomer, Buyer},      {C::F00007, u"ORD-1"_s},
-                                {C::F00159, key},            {C::F00036, u"10"_s},
-                                {C::InDustBox, false},       {C::F00031, QDate(2005, 3, 1)},
-                                {C::F00282, u"1.00001"_s},   {C::DateDeliveryPrint, QDateTime(QDate(2005, 3, 10), {})},
+        const Columns values = {{C::IDCustomer, Buyer},
+                                {C::F00007, u"ORD-1"_s},
+                                {C::F00159, key},
+                                {C::F00036, u"10"_s},
+                                {C::InDustBox, false},
+                                {C::F00031, QDate(2005, 3, 1)},
+                                {C::F00282, u"1.00001"_s},
+                                {C::DateDeliveryPrint, QDateTime(QDate(2005, 3, 10), {})},
                                 {C::DateLabelPrint, QDate(2005, 3, 11)}};
         for (const Columns& set : {values, columns})
             for (const auto& [column, value] : set)
@@ -60,7 +64,10 @@ protected:
                               readPackageRows(db(), id)});
     }
     DeliveryRecord row(qint64 id) { return readDeliveryRecord(db(), id).value(); }
-    qint64 count(const QString& table) { return db().scalar(u"SELECT COUNT(*) FROM "_s + table)->toLongLong(); }
+    qint64 count(const QString& table)
+    {
+        return db().scalar(u"SELECT COUNT(*) FROM "_s + table)->toLongLong();
+    }
 
     test::TempDatabase temp;
 };
@@ -101,7 +108,8 @@ TEST_P(Split, EachHalfBecomesASinglePackageWhenItsPackagesNoLongerFit)
                                   {C::F00036, before}});
         if (c.mode == 3)
             insertPackageRows(db(), id, {u"2"_s, package});
-        const SplitResult result = split(id, u"N-"_s + QString::fromLatin1(c.name), QString::fromUtf16(c.moved));
+        const SplitResult result =
+            split(id, u"N-"_s + QString::fromLatin1(c.name), QString::fromUtf16(c.moved));
         ASSERT_EQ(result.outcome, SaveOutcome::Saved);
         const Currency moved = currency(QString::fromUtf16(c.moved));
         for (const auto& [half, quantity, expected] :
@@ -119,7 +127,8 @@ TEST_P(Split, EachHalfBecomesASinglePackageWhenItsPackagesNoLongerFit)
 TEST_P(Split, ARefusedSplitWritesNothing)
 {
     const auto changeRow = [this](qint64 id) {
-        test::SecondConnection(temp).exec(u"UPDATE T_Delivery SET F00164 = 'x' WHERE IDData = "_s + QString::number(id));
+        test::SecondConnection(temp).exec(u"UPDATE T_Delivery SET F00164 = 'x' WHERE IDData = "_s +
+                                          QString::number(id));
     };
     const struct
     {
@@ -133,8 +142,8 @@ TEST_P(Split, ARefusedSplitWritesNothing)
         {"another's key in other letter case", u"k-2", {}, SaveOutcome::DuplicateKey},
         {"a pattern matching another's key", u"K-[2]", {}, SaveOutcome::DuplicateKey},
         {"changed by another operator", u"K-9", changeRow, SaveOutcome::ChangedByOther},
-        {"packages changed by another operator", u"K-9", [this](qint64 id) { insertPackageRows(db(), id, {1}); },
-         SaveOutcome::ChangedByOther},
+        {"packages changed by another operator", u"K-9",
+         [this](qint64 id) { insertPackageRows(db(), id, {1}); }, SaveOutcome::ChangedByOther},
         {"deleted by another operator", u"K-9", [this](qint64 id) { deleteDeliveryRecord(db(), id); },
          SaveOutcome::DeletedByOther},
     };
@@ -152,8 +161,8 @@ TEST_P(Split, ARefusedSplitWritesNothing)
         const qint64 records = count(u"T_Delivery"_s), packageRows = count(u"T_DeliveryQTY"_s);
         db::Transaction transaction(db(), db::Transaction::Kind::Write);
         EXPECT_EQ(splitDelivery(db(), transaction,
-                                {id, Buyer, u"ORD-1"_s, u"K-1"_s, Currency::fromInteger(10), Currency::fromInteger(4),
-                                 QString::fromUtf16(c.newKey), shown, packages})
+                                {id, Buyer, u"ORD-1"_s, u"K-1"_s, Currency::fromInteger(10),
+                                 Currency::fromInteger(4), QString::fromUtf16(c.newKey), shown, packages})
                       .outcome,
                   c.outcome);
         EXPECT_FALSE(transaction.isOpen());
@@ -192,8 +201,10 @@ TEST_P(Split, RandomRecordsSplitAtRandomKeepEveryOtherColumn)
         const Currency package = Currency::fromRaw((1 + below(thousandths)) * 10);
         const int mode = 1 + int(below(3));
         const QString key = u"R-"_s + QString::number(i);
-        const qint64 id = insert(key, {{C::F00036, before.toString()}, {C::QuantityType, mode},
-                                       {C::Quantity, package.toString()}, {C::F00164, QString::number(random())}});
+        const qint64 id = insert(key, {{C::F00036, before.toString()},
+                                       {C::QuantityType, mode},
+                                       {C::Quantity, package.toString()},
+                                       {C::F00164, QString::number(random())}});
         db().execute(u"UPDATE T_Delivery SET \"ホスト 備考\" = ?, HostAmount = ? WHERE IDData = ?"_s,
                      {QString(u"持ち越し"_s + QString::number(i)), double(random() % 1000) / 8, id});
         const QVariantMap original = everyColumn(id);

@@ -1,5 +1,5 @@
 // The shipped DDL on a real SQLite file: column order, defaults, exact round trips, index use.
-#include "platform/sql_dialect.h"
+#include "platform/sql/sql_dialect.h"
 #include "store/delivery_reads.h"
 #include "store/delivery_writes.h"
 #include "tests/support/temp_database.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/messages.h"
+#include "platform/widgets/messages.h"
 
 #include <QList>
 
@@ -42,7 +42,8 @@ public:
     void expectShown(const QList<Message>& expected)
     {
         const QList<Message> seen = std::exchange(shown, {});
-        ASSERT_EQ(seen.size(), qsizetype(expected.size())) << (seen.isEmpty() ? "" : qPrintable(seen[0].text));
+        ASSERT_EQ(seen.size(), qsizetype(expected.size()))
+            << (seen.isEmpty() ? "" : qPrintable(seen[0].text));
         auto m = seen.begin();
         for (const Message& e : expected) {
             EXPECT_EQ(m->text, e.text) << qPrintable(m->text);

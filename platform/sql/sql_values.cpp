@@ -1,4 +1,4 @@
-#include "platform/sql_values.h"
+#include "platform/sql/sql_values.h"
 
 #include <QLocale>
 

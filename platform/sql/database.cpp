@@ -1,7 +1,7 @@
-#include "platform/database.h"
+#include "platform/sql/database.h"
 
-#include "platform/sql_backend.h"
-#include "platform/sql_dialect.h"
+#include "platform/sql/sql_backend.h"
+#include "platform/sql/sql_dialect.h"
 
 #include <QSqlError>
 

@@ -1,4 +1,4 @@
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 #include <QVarLengthArray>
 
@@ -55,12 +55,10 @@ constexpr WidthFix WideningFixes[] = {
 // Applied after Fullwidth-Halfwidth.
 constexpr WidthFix NarrowingFixes[] = {
     {u'\u201C', u"\""}, // the code page's quotation marks narrow to the ASCII ones
-    {u'\u201D', u"\""},
-    {u'\u2018', u"'"},
-    {u'\u2019', u"'"},
-    {u'\u309B', u"\uFF9E"}, // spacing sound marks ゛゜ have half-width forms
-    {u'\u309C', u"\uFF9F"},
-    {u'\u301C', u"~"}, // the code page's wave dash and minus, under their other code points
+    {u'\u201D', u"\""},     {u'\u2018', u"'"}, {u'\u2019', u"'"},
+    {u'\u309B', u"\uFF9E"},                    // spacing sound marks ゛゜ have half-width forms
+    {u'\u309C', u"\uFF9F"}, {u'\u301C', u"~"}, // the code page's wave dash and minus, under their other code
+                                               // points
     {u'\u2212', u"-"},
 };
 

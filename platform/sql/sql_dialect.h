@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/currency.h"
+#include "platform/values/currency.h"
 
 #include <QDate>
 #include <QDateTime>

@@ -1,4 +1,4 @@
-#include "platform/number_text.h"
+#include "platform/values/number_text.h"
 
 namespace tolvinpt {
 

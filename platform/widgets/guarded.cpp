@@ -1,4 +1,4 @@
-#include "platform/guarded.h"
+#include "platform/widgets/guarded.h"
 
 #include <QApplication>
 #include <QDialog>

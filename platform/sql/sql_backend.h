@@ -2,7 +2,7 @@
 
 // How statements reach an engine, behind Database and Statement. Internal to the database layer.
 
-#include "platform/database.h"
+#include "platform/sql/database.h"
 
 #include <memory>
 #include <unordered_map>

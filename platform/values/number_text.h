@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/decimal.h"
+#include "platform/values/decimal.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
-#include "platform/field_state.h"
+#include "platform/widgets/field_state.h"
 
-#include "platform/guarded.h"
+#include "platform/widgets/guarded.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

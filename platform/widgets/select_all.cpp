@@ -1,6 +1,6 @@
-#include "platform/select_all.h"
+#include "platform/widgets/select_all.h"
 
-#include "platform/guarded.h"
+#include "platform/widgets/guarded.h"
 
 #include <QComboBox>
 #include <QEvent>

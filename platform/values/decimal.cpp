@@ -1,4 +1,4 @@
-#include "platform/decimal.h"
+#include "platform/values/decimal.h"
 
 #include <algorithm>
 #include <array>
@@ -116,8 +116,8 @@ Decimal Decimal::largest()
     return Decimal(false, DigitLimit - 1, 0);
 }
 
-std::optional<Decimal> Decimal::fromDigits(bool negative, QStringView digits, qsizetype decimals, int maxDecimals,
-                                           bool* exact)
+std::optional<Decimal> Decimal::fromDigits(bool negative, QStringView digits, qsizetype decimals,
+                                           int maxDecimals, bool* exact)
 {
     while (!digits.isEmpty() && digits.front() == u'0')
         digits = digits.mid(1);
@@ -173,7 +173,8 @@ std::optional<Decimal> Decimal::fromDouble(double value)
         return std::nullopt;
     // Shortest round trip, as mantissa and exponent: "-1.2345e+03".
     std::array<char, 64> text;
-    const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific);
+    const auto [end, error] =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific);
     if (error != std::errc())
         return std::nullopt;
     const std::string_view written(text.data(), end - text.data());
@@ -258,8 +259,8 @@ Decimal operator+(const Decimal& a, const Decimal& b)
         scale -= cut - 1;
     }
     const Magnitude coarseMagnitude = coarse.m_magnitude * pow10(scale - coarse.m_scale);
-    const Signed sum = (coarse.m_negative ? -Signed(coarseMagnitude) : Signed(coarseMagnitude))
-        + (fine.m_negative ? -Signed(fineMagnitude) : Signed(fineMagnitude));
+    const Signed sum = (coarse.m_negative ? -Signed(coarseMagnitude) : Signed(coarseMagnitude)) +
+                       (fine.m_negative ? -Signed(fineMagnitude) : Signed(fineMagnitude));
     const auto result = Decimal::fromDigits(sum < 0, digitsOf(Magnitude(sum < 0 ? -sum : sum)), scale);
     if (!result)
         throw std::overflow_error("decimal overflow");
@@ -288,13 +289,14 @@ std::strong_ordering operator<=>(const Decimal& a, const Decimal& b)
     // Integer parts first, then the fractions widened to 28 places.
     const auto split = [](const Decimal& d) {
         const Magnitude unit = pow10(d.m_scale);
-        return std::pair(d.m_magnitude / unit, d.m_magnitude % unit * pow10(Decimal::MaxDecimals - d.m_scale));
+        return std::pair(d.m_magnitude / unit,
+                         d.m_magnitude % unit * pow10(Decimal::MaxDecimals - d.m_scale));
     };
     const auto [ai, af] = split(a);
     const auto [bi, bf] = split(b);
-    const auto magnitude = ai != bi ? (ai < bi ? std::strong_ordering::less : std::strong_ordering::greater)
-        : af != bf                  ? (af < bf ? std::strong_ordering::less : std::strong_ordering::greater)
-                                    : std::strong_ordering::equal;
+    const auto magnitude = ai != bi   ? (ai < bi ? std::strong_ordering::less : std::strong_ordering::greater)
+                           : af != bf ? (af < bf ? std::strong_ordering::less : std::strong_ordering::greater)
+                                      : std::strong_ordering::equal;
     return a.m_negative ? 0 <=> magnitude : magnitude;
 }
 

@@ -1,8 +1,8 @@
-#include "platform/sql_dialect.h"
+#include "platform/sql/sql_dialect.h"
 
-#include "platform/database.h"
-#include "platform/sql_backend.h"
-#include "platform/sqlite_backend.h"
+#include "platform/sql/database.h"
+#include "platform/sql/sql_backend.h"
+#include "platform/sql/sqlite_backend.h"
 
 using namespace Qt::StringLiterals;
 
@@ -40,8 +40,8 @@ public:
         const auto text = [](const QList<uint>& ucs4) {
             return QString::fromUcs4(reinterpret_cast<const char32_t*>(ucs4.constData()), ucs4.size());
         };
-        return PrefixRange{column + u" >= ?"_s + nocase + u" AND "_s + column + u" < ?"_s + nocase, text(from),
-                           text(to)};
+        return PrefixRange{column + u" >= ?"_s + nocase + u" AND "_s + column + u" < ?"_s + nocase,
+                           text(from), text(to)};
     }
     QString isFalse(const QString& column) const override { return column + u" = 0"_s; }
     QString insertDefaultRow(const QString& table, const QString&) const override

@@ -1,7 +1,7 @@
-#include "platform/validate_on_leave.h"
+#include "platform/widgets/validate_on_leave.h"
 
-#include "platform/guarded.h"
-#include "platform/select_all.h"
+#include "platform/widgets/guarded.h"
+#include "platform/widgets/select_all.h"
 
 #include <QApplication>
 #include <QComboBox>

@@ -1,4 +1,4 @@
-#include "platform/jet_like.h"
+#include "platform/sql/jet_like.h"
 
 #include <QList>
 
@@ -154,7 +154,9 @@ std::optional<bool> likeMatches(QStringView pattern, QStringView text)
 
 QStringView likeLiteralPrefix(QStringView pattern)
 {
-    const auto literal = [](QChar c) { return c != u'*' && c != u'?' && c != u'#' && c != u'[' && c != QChar(0); };
+    const auto literal = [](QChar c) {
+        return c != u'*' && c != u'?' && c != u'#' && c != u'[' && c != QChar(0);
+    };
     qsizetype end = 0;
     while (end < pattern.size() && literal(pattern[end]))
         ++end;

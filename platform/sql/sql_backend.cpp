@@ -1,4 +1,4 @@
-#include "platform/sql_backend.h"
+#include "platform/sql/sql_backend.h"
 
 #include <QSqlError>
 #include <QSqlQuery>

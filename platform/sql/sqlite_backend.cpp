@@ -1,8 +1,8 @@
-#include "platform/sqlite_backend.h"
+#include "platform/sql/sqlite_backend.h"
 
-#include "platform/jet_like.h"
-#include "platform/sql_backend.h"
-#include "platform/sql_values.h"
+#include "platform/sql/jet_like.h"
+#include "platform/sql/sql_backend.h"
+#include "platform/sql/sql_values.h"
 
 #include <QSqlDriver>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/sql_dialect.h"
+#include "platform/sql/sql_dialect.h"
 
 namespace tolvinpt::db {
 

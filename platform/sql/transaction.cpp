@@ -1,6 +1,6 @@
-#include "platform/transaction.h"
+#include "platform/sql/transaction.h"
 
-#include "platform/database.h"
+#include "platform/sql/database.h"
 
 using namespace Qt::StringLiterals;
 

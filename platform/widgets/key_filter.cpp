@@ -1,7 +1,7 @@
-#include "platform/key_filter.h"
+#include "platform/widgets/key_filter.h"
 
-#include "platform/guarded.h"
-#include "platform/messages.h"
+#include "platform/widgets/guarded.h"
+#include "platform/widgets/messages.h"
 
 #include <QApplication>
 #include <QComboBox>
