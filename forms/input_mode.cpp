@@ -1,6 +1,6 @@
 #include "forms/input_mode.h"
 
-#include "platform/widgets/guarded.h"
+#include "platform/widgets/guarded_event_filter.h"
 
 #include <QComboBox>
 #include <QEvent>
@@ -10,19 +10,13 @@ namespace tolvinpt {
 namespace {
 
 // QLineEdit turns its input method back on whenever it becomes writable again.
-class KeepInputMethodOff final : public QObject
+class KeepInputMethodOff final : public GuardedEventFilter
 {
 public:
-    using QObject::QObject;
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        return guardedCall([&] { return filter(watched, event); }, false);
-    }
+    using GuardedEventFilter::GuardedEventFilter;
 
 private:
-    bool filter(QObject* watched, QEvent* event)
+    bool filter(QObject* watched, QEvent* event) override
     {
         if (event->type() == QEvent::ReadOnlyChange || event->type() == QEvent::EnabledChange)
             static_cast<QWidget*>(watched)->setAttribute(Qt::WA_InputMethodEnabled, false);

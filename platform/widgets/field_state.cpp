@@ -1,6 +1,6 @@
 #include "platform/widgets/field_state.h"
 
-#include "platform/widgets/guarded.h"
+#include "platform/widgets/guarded_event_filter.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -32,21 +32,15 @@ QColor resolve(SystemColour colour)
 }
 
 // Swallows what would change a locked combo box; navigation keys that leave it still pass.
-class ComboLock final : public QObject
+class ComboLock final : public GuardedEventFilter
 {
     Q_OBJECT
 
 public:
-    using QObject::QObject;
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        return guardedCall([&] { return filter(watched, event); }, false);
-    }
+    using GuardedEventFilter::GuardedEventFilter;
 
 private:
-    bool filter(QObject* watched, QEvent* event)
+    bool filter(QObject* watched, QEvent* event) override
     {
         if (!watched->property(LockedProperty).toBool())
             return false;

@@ -9,8 +9,8 @@
 //
 //     connect(edit, &QLineEdit::textChanged, this, guarded([this] { ... }));
 //     connect(tabs, &QTabBar::currentChanged, this, guarded(this, &Form::TabStrip1_Click));
-//     bool eventFilter(QObject* o, QEvent* e) override { return guardedCall([&] { return filter(o, e); },
-//     false); }
+//     class Lock : public GuardedEventFilter { bool filter(QObject*, QEvent*) override; }  //
+//     guarded_event_filter.h
 
 #include <exception>
 #include <functional>

@@ -1,6 +1,6 @@
 #include "platform/widgets/key_filter.h"
 
-#include "platform/widgets/guarded.h"
+#include "platform/widgets/guarded_event_filter.h"
 #include "platform/widgets/messages.h"
 
 #include <QApplication>
@@ -30,23 +30,17 @@ bool isDigit(char32_t c)
 // Filters the key presses of one field. Installed on the field and, for a combo box, on its line edit
 // too: the combo box hands its keys to the line edit without passing that widget's event filters, and
 // keys sent to the line edit itself never pass the combo box.
-class KeyFilter final : public QObject
+class KeyFilter final : public GuardedEventFilter
 {
     Q_OBJECT
 
 public:
-    explicit KeyFilter(QWidget* field) : QObject(field) {}
+    explicit KeyFilter(QWidget* field) : GuardedEventFilter(field) {}
 
     KeyPress handler;
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        return guardedCall([&] { return filter(watched, event); }, false);
-    }
-
 private:
-    bool filter(QObject* watched, QEvent* event)
+    bool filter(QObject* watched, QEvent* event) override
     {
         if (event->type() != QEvent::KeyPress || m_forwarding || !handler)
             return false;

@@ -1,6 +1,6 @@
 #include "platform/widgets/select_all.h"
 
-#include "platform/widgets/guarded.h"
+#include "platform/widgets/guarded_event_filter.h"
 
 #include <QComboBox>
 #include <QEvent>
@@ -12,13 +12,14 @@ namespace {
 
 // Re-applies a selection after the click that entered the field, unless that click dragged a selection
 // of its own. Lives for one click.
-class ClickSelectionKeeper final : public QObject
+class ClickSelectionKeeper final : public GuardedEventFilter
 {
     Q_OBJECT
 
 public:
     explicit ClickSelectionKeeper(QLineEdit* edit)
-        : QObject(edit), m_edit(edit), m_start(edit->selectionStart()), m_length(edit->selectionLength())
+        : GuardedEventFilter(edit), m_edit(edit), m_start(edit->selectionStart()),
+          m_length(edit->selectionLength())
     {
         edit->installEventFilter(this);
         // The press is delivered right after the focus change; without one there is nothing to keep.
@@ -28,14 +29,8 @@ public:
         });
     }
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        return guardedCall([&] { return filter(watched, event); }, false);
-    }
-
 private:
-    bool filter(QObject* watched, QEvent* event)
+    bool filter(QObject* watched, QEvent* event) override
     {
         if (watched != m_edit)
             return false;
