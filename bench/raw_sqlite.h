@@ -57,8 +57,8 @@ void appendRow(sqlite3_stmt* statement, std::vector<RawValue>& values);
 // columns, 0 for no row.
 std::size_t readRow(sqlite3_stmt* read, std::int64_t id, std::vector<RawValue>& row);
 // Runs `find` (customer, order number, delivery key) for the first row's first column.
-std::optional<std::int64_t> findByOrderKey(sqlite3_stmt* find, std::int64_t customer, const std::string& order,
-                                           const std::string& key);
+std::optional<std::int64_t> findByOrderKey(sqlite3_stmt* find, std::int64_t customer,
+                                           const std::string& order, const std::string& key);
 
 struct RawStatements
 {

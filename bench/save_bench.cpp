@@ -4,6 +4,7 @@
 // Then, per operation, the median time per call of our layer and of the C API, and their ratio:
 // the save of a changed record with 100 packages (with the file's own syncing, and without syncing so
 // that the layers' own costs show), the duplicate-key check, the order search hitting 1 and 1,000 rows.
+#include "bench/database_copies.h"
 #include "bench/delivery_generator.h"
 #include "bench/raw_save.h"
 #include "bench/timing.h"
@@ -15,11 +16,8 @@
 #include "store/delivery_save.h"
 #include "store/delivery_writes.h"
 
-#include <QCoreApplication>
-#include <QFile>
 #include <QSqlDatabase>
 #include <QSqlError>
-#include <QTemporaryDir>
 
 #include <cstdio>
 #include <random>
@@ -241,34 +239,9 @@ int measure(const QString& source, const QString& file)
     return 0;
 }
 
-// On a copy: the benchmark writes.
-int benchmark(const QString& source)
-{
-    QTemporaryDir directory;
-    const QString file = directory.filePath(u"copy.sqlite"_s);
-    if (!directory.isValid() || !QFile::copy(source, file)) {
-        std::fprintf(stderr, "cannot copy %s\n", qPrintable(source));
-        return 1;
-    }
-    const int rc = measure(source, file);
-    QSqlDatabase::removeDatabase(file);
-    return rc;
-}
-
 } // namespace
 
 int main(int argc, char** argv)
 {
-    QCoreApplication app(argc, argv);
-    const QStringList files = app.arguments().mid(1);
-    if (files.isEmpty()) {
-        std::fprintf(stderr, "usage: tolvinpt-bench-save FILE...\n");
-        return 2;
-    }
-    for (const QString& file : files) {
-        const int rc = benchmark(file);
-        if (rc != 0)
-            return rc;
-    }
-    return 0;
+    return bench::measureCopies(argc, argv, "tolvinpt-bench-save", measure);
 }

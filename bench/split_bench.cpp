@@ -3,6 +3,7 @@
 // On the copy it adds two records of one buyer, 100 packages each, one per side. Before every split (and
 // outside the time) the record is put back as it was: its new half deleted, 100 packages again.
 // Then the median time per split of each side, and their ratio, with the file's own syncing and without.
+#include "bench/database_copies.h"
 #include "bench/delivery_generator.h"
 #include "bench/raw_sqlite.h"
 #include "bench/timing.h"
@@ -12,11 +13,8 @@
 #include "store/delivery_split.h"
 #include "store/delivery_writes.h"
 
-#include <QCoreApplication>
-#include <QFile>
 #include <QSqlDatabase>
 #include <QSqlError>
-#include <QTemporaryDir>
 
 #include <sqlite3.h>
 
@@ -216,34 +214,9 @@ int measure(const QString& source, const QString& file)
     return 0;
 }
 
-// On a copy: the benchmark writes.
-int benchmark(const QString& source)
-{
-    QTemporaryDir directory;
-    const QString file = directory.filePath(u"copy.sqlite"_s);
-    if (!directory.isValid() || !QFile::copy(source, file)) {
-        std::fprintf(stderr, "cannot copy %s\n", qPrintable(source));
-        return 1;
-    }
-    const int rc = measure(source, file);
-    QSqlDatabase::removeDatabase(file);
-    return rc;
-}
-
 } // namespace
 
 int main(int argc, char** argv)
 {
-    QCoreApplication app(argc, argv);
-    const QStringList files = app.arguments().mid(1);
-    if (files.isEmpty()) {
-        std::fprintf(stderr, "usage: tolvinpt-bench-split FILE...\n");
-        return 2;
-    }
-    for (const QString& file : files) {
-        const int rc = benchmark(file);
-        if (rc != 0)
-            return rc;
-    }
-    return 0;
+    return bench::measureCopies(argc, argv, "tolvinpt-bench-split", measure);
 }
