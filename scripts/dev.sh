@@ -7,6 +7,8 @@ cd "$(dirname "$0")/.."
 
 packages=(g++ cmake ninja-build pkg-config qt6-base-dev libqt6sql6-sqlite libicu-dev libsqlite3-dev
           googletest libgtest-dev libbenchmark-dev fonts-noto-cjk poppler-utils)
+# The packages' test: cpack's computed dependencies, lintian.
+packages+=(dpkg-dev file lintian)
 
 install_missing() {
     local missing=()

@@ -1,5 +1,5 @@
 // A minimal host: one own company, customers from a fixed table, the database from the command line.
-// Build against TOLVINPT.so and the headers under component/public.
+// Build it with the CMakeLists.txt beside it against the installed tolvinpt-dev package.
 #include <tolvinpt/fmInput.h>
 
 #include <QApplication>
