@@ -10,6 +10,7 @@
 #include "platform/widgets/guarded.h"
 #include "platform/widgets/twips.h"
 #include "platform/widgets/validate_on_leave.h"
+#include "platform/widgets/window_shortcuts.h"
 
 #include <QKeyEvent>
 #include <QMenuBar>
@@ -31,6 +32,7 @@ frmData::frmData(const CompanySettings& company, QWidget* parent) : QDialog(pare
     connectCommands();
     frmdata::connectPackageEditor(*this);
     frmdata::connectHardCopy(*this);
+    putWindowShortcutsFirst(this); // Ctrl+E and the others work from inside a text field too
     Form_Load();
 }
 
