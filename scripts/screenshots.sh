@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # Retakes the pictures in docs/screenshots under a virtual display with a window manager: the host on a
 # fresh demo database, a demo record in the entry form, the typical correction (a ship date after the
-# delivery date, "進む", the question, the list after the save), a package breakdown and a split by keys, and the hard copy page of
-# a demo record. Needs xvfb, openbox, xdotool, imagemagick and poppler-utils; build first with the tests
-# (scripts/dev.sh test builds into build-test; BUILD=build-test scripts/screenshots.sh).
+# delivery date, "進む", the question, the list after the save), a package breakdown and a split by keys,
+# a new record by hand and from an order search, and the hard copy page of a demo record. Needs xvfb,
+# openbox, xdotool, imagemagick and poppler-utils; build first with the tests (scripts/dev.sh test
+# builds into build-test; BUILD=build-test scripts/screenshots.sh).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 build=${BUILD:-build}
@@ -62,6 +63,22 @@ xdotool key alt+d; sleep 0.3; xdotool key Down Down Down Down Return; sleep 1
 xdotool key ctrl+a; xdotool type --delay 60 4500012001-02; xdotool key Tab; xdotool type --delay 60 7; sleep 0.5
 crop $shots/split-dialog.png \$form
 xdotool key Return; sleep 1
+xdotool key alt+d; sleep 0.3; xdotool key x; sleep 1.5
+# A new record by hand: Ctrl+N in the list, the order number, Tab twice, the delivery key number.
+xdotool key ctrl+n
+form=\$(xdotool search --sync --onlyvisible --name '納品ﾃﾞｰﾀの入力')
+xdotool windowmove --sync \$form 380 160; sleep 1
+xdotool key Tab Tab; xdotool type --delay 60 4500099001; xdotool key Tab Tab
+xdotool type --delay 60 4500099001-01; xdotool key Tab; sleep 0.5
+crop $shots/new-record.png \$form
+xdotool key ctrl+e; sleep 1.5
+# A new record from an order search: the order number, Tab to "参照", Space.
+xdotool key ctrl+n
+form=\$(xdotool search --sync --onlyvisible --name '納品ﾃﾞｰﾀの入力')
+xdotool windowmove --sync \$form 380 160; sleep 1
+xdotool key Tab Tab; xdotool type --delay 60 4500012001; xdotool key Tab space; sleep 1
+crop $shots/order-search.png \$form
+xdotool key ctrl+e; sleep 1
 kill \$pid
 INNER
 chmod +x "$work/take.sh"
