@@ -74,8 +74,10 @@ template <typename Handler> auto guarded(Handler handler)
         try {
             if constexpr (std::is_invocable_v<Handler&, decltype(args)...>)
                 std::invoke(handler, std::forward<decltype(args)>(args)...);
-            else
+            else if constexpr (std::is_invocable_v<Handler&>) // clang checks a plain else too early
                 std::invoke(handler);
+            else
+                static_assert(sizeof...(args) < 0, "the handler takes neither the signal's arguments nor none");
         } catch (...) {
             HandlerFailures::keep(std::current_exception());
         }
