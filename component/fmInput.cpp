@@ -54,6 +54,7 @@ fmInput::fmInput()
 fmInput::~fmInput()
 {
     gCompany.reset();
+    gDB = QSqlDatabase(); // the host may close and remove its connection now
     gCustomers.reset();
 }
 
