@@ -3,28 +3,21 @@
 //   tolvinpt-long-session [CALLS [WARM_UP]]   (offscreen; default 1000 calls after 100 warm-up calls)
 // Reports the memory growth after the warm-up, and fails when widgets or database connections are left
 // behind by a call, when a save did not arrive, or when memory grew by more than 5 MB.
-#include "store/delivery_record.h"
-#include "store/delivery_writes.h"
+#include "campaigns/campaign_data.h"
+#include "campaigns/operator_robot.h"
 #include "tests/support/fake_host.h"
 #include "tests/support/temp_database.h"
 
 #include <tolvinpt/fmInput.h>
 
-#include <QAction>
 #include <QApplication>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QSqlDatabase>
-#include <QTest>
-#include <QTimer>
 
 #include <cstdio>
 #include <fstream>
 #include <unistd.h>
 
 using namespace tolvinpt;
-using C = DeliveryColumn;
 
 namespace {
 
@@ -36,38 +29,6 @@ double residentMb()
     long pages = 0, resident = 0;
     statm >> pages >> resident;
     return double(resident) * double(sysconf(_SC_PAGESIZE)) / (1024.0 * 1024.0);
-}
-
-qint64 addRecord(db::Database& database, int n)
-{
-    DeliveryRecord record;
-    const std::pair<C, QVariant> values[] = {
-        {C::IDCustomer, qint64(1)},        {C::F00004, QStringLiteral("1234")},
-        {C::F00007, QStringLiteral("ORD-%1").arg(n)}, {C::F00159, QStringLiteral("KEY-%1").arg(n)},
-        {C::F00024, QStringLiteral("HC-1")}, {C::F00031, QStringLiteral("2005-03-01")},
-        {C::F00039, QStringLiteral("2005-03-07")}, {C::F00040, QStringLiteral("2005-03-09")},
-        {C::F00015, 10.0},                 {C::F00036, 10.0},
-        {C::F00059, QStringLiteral("1")},  {C::F00013, QStringLiteral("100")}};
-    for (const auto& [column, value] : values)
-        record.set(column, value);
-    return insertDeliveryRecord(database, record);
-}
-
-// Once the entry form is up: types the remark, saves (Ctrl+S's command) and closes; a message box in
-// between is answered with its default button.
-void operate(const QString& remark)
-{
-    QWidget* top = QApplication::activeModalWidget();
-    if (auto* box = qobject_cast<QMessageBox*>(top)) {
-        box->defaultButton()->click();
-    } else if (auto* field = top ? top->findChild<QLineEdit*>(QStringLiteral("txtMyRemarksA")) : nullptr) {
-        field->selectAll();
-        QTest::keyClicks(field, remark);
-        top->findChild<QAction*>(QStringLiteral("mnuDataSave"))->trigger();
-        top->findChild<QAction*>(QStringLiteral("mnuDataExit"))->trigger();
-        return;
-    }
-    QTimer::singleShot(5, [remark] { operate(remark); });
 }
 
 } // namespace
@@ -82,16 +43,21 @@ int main(int argc, char** argv)
     host.connectionName = temp.connectionName();
     host.customers = {{.id = 1, .code = QStringLiteral("1234"), .name = QStringLiteral("東京電機")}};
     test::registerFakeHost(host);
+    campaign::OperatorRobot robot;
     QList<qint64> ids;
     for (int n = 0; n < 10; ++n)
-        ids.append(addRecord(temp.db(), n));
+        ids.append(campaign::addDeliveryRecord(temp.db(), n));
 
     double startMb = 0;
     qsizetype widgets = 0, connections = 0;
     int failures = 0;
     for (int call = 0; call < warmUp + calls; ++call) {
         const QString remark = QStringLiteral("CALL%1").arg(call);
-        QTimer::singleShot(0, [remark] { operate(remark); });
+        robot.when(campaign::EntryFormTitle, [&remark](QWidget& form) {
+            campaign::OperatorRobot::type(form, QStringLiteral("txtMyRemarksA"), remark);
+            campaign::OperatorRobot::run(form, QStringLiteral("mnuDataSave"));
+            campaign::OperatorRobot::run(form, QStringLiteral("mnuDataExit"));
+        });
         try {
             fmInput input;
             Items items{ListKey(ids[call % ids.size()])};
@@ -115,7 +81,8 @@ int main(int argc, char** argv)
                                      QSqlDatabase::connectionNames().size() != connections)) {
             std::fprintf(stderr, "call %d: %lld widgets and %lld connections, %lld and %lld before\n", call,
                          qlonglong(QApplication::allWidgets().size()),
-                         qlonglong(QSqlDatabase::connectionNames().size()), qlonglong(widgets), qlonglong(connections));
+                         qlonglong(QSqlDatabase::connectionNames().size()), qlonglong(widgets),
+                         qlonglong(connections));
             ++failures;
         }
     }
