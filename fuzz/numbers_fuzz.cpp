@@ -70,7 +70,8 @@ void roundTo(Exact& value, int keep)
     value.digits.resize(value.digits.size() - drop);
     value.scale = keep;
     const bool restZero = dropped.find_first_not_of('0', 1) == std::string::npos;
-    const bool up = dropped[0] > '5' || (dropped[0] == '5' && (!restZero || (value.digits.back() - '0') % 2 == 1));
+    const bool up =
+        dropped[0] > '5' || (dropped[0] == '5' && (!restZero || (value.digits.back() - '0') % 2 == 1));
     for (std::size_t k = value.digits.size(); up && k-- > 0;) {
         value.digits[k] = value.digits[k] == '9' ? '0' : char(value.digits[k] + 1);
         if (value.digits[k] != '0')
