@@ -50,6 +50,11 @@ void OperatorRobot::type(QWidget& window, const QString& field, const QString& t
     QTest::keyClicks(edit, text);
 }
 
+void OperatorRobot::visit(QWidget& window, const QString& field)
+{
+    window.findChild<QWidget*>(field)->setFocus();
+}
+
 void OperatorRobot::run(QWidget& window, const QString& action)
 {
     window.findChild<QAction*>(action)->trigger();

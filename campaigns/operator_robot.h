@@ -29,6 +29,7 @@ public:
 
     // The operator's hands: types `text` over the field's whole text; runs a menu command.
     static void type(QWidget& window, const QString& field, const QString& text);
+    static void visit(QWidget& window, const QString& field);
     static void run(QWidget& window, const QString& action);
     static void press(QWidget& window, const QString& button);
     static QString text(QWidget& window, const QString& field);
