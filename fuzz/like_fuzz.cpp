@@ -57,8 +57,8 @@ std::optional<SetMatch> matchSet(const std::u32string& p, std::size_t i, char32_
     return SetMatch{k + 1, negated ? !in : in};
 }
 
-// nullopt: the pattern has a construct the reference leaves alone. Memoised over (i, j), so a pattern
-// of many stars costs pattern times text steps.
+// nullopt: the pattern has a construct the reference leaves alone. Memoised over (i, j), so any
+// pattern costs at most pattern times text steps.
 class Reference
 {
 public:
@@ -84,13 +84,12 @@ private:
         if (i == p.size())
             return j == t.size();
         switch (p[i]) {
-        case U'*':
-            for (std::size_t k = j; k <= t.size(); ++k) {
-                const auto rest = match(i + 1, k);
-                if (!rest || *rest)
-                    return rest;
-            }
-            return false;
+        case U'*': { // none of the text, or one character more
+            const auto none = match(i + 1, j);
+            if (!none || *none)
+                return none;
+            return j < t.size() ? match(i, j + 1) : std::optional<bool>(false);
+        }
         case U'?':
             return j < t.size() ? match(i + 1, j + 1) : std::optional<bool>(false);
         case U'#':
