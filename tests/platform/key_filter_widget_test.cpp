@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QTest>
@@ -66,6 +67,19 @@ TEST(KeyFilter, ControlKeysInputMethodAndPastePass)
     QTest::keyClick(&edit, Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(edit.text(), QStringLiteral("23x.1-a,"));
     EXPECT_EQ(messages.beeps, 0);
+}
+
+TEST(KeyFilter, AnEditableComboIsOneField)
+{
+    for (const bool intoLineEdit : {false, true}) {
+        ScriptedMessages messages;
+        QComboBox combo;
+        combo.setEditable(true);
+        setKeyPress(&combo, upperCaseLetter);
+        combo.setEditText(QString());
+        typeText(QStringLiteral("eu1"), intoLineEdit ? static_cast<QWidget*>(combo.lineEdit()) : &combo);
+        EXPECT_EQ(combo.currentText(), QStringLiteral("EU1")) << intoLineEdit;
+    }
 }
 
 } // namespace
