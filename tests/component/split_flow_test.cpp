@@ -5,38 +5,12 @@
 
 #include "forms/frmDivide/frmDivide.h"
 #include "store/delivery_reads.h"
+#include "tests/support/operator_input.h"
 
 #include <QMenu>
 #include <QRadioButton>
 
 namespace {
-
-// While it lives: runs `inDialog` in a split dialog once the dialog is shown, and closes the dialog if
-// it is still up afterwards, so that a failed expectation never leaves the test waiting.
-class DialogWatch final : public QObject
-{
-public:
-    explicit DialogWatch(std::function<void(frmDivide&)> inDialog) : m_inDialog(std::move(inDialog))
-    {
-        qApp->installEventFilter(this);
-    }
-    bool eventFilter(QObject* object, QEvent* event) override
-    {
-        auto* dialog = qobject_cast<frmDivide*>(object);
-        if (dialog && event->type() == QEvent::Show) {
-            QTimer::singleShot(0, dialog, [dialog, inDialog = m_inDialog] {
-                if (inDialog)
-                    inDialog(*dialog);
-                if (dialog->isVisible())
-                    dialog->reject();
-            });
-        }
-        return false;
-    }
-
-private:
-    std::function<void(frmDivide&)> m_inDialog;
-};
 
 class SplitFlow : public EntryCall
 {
@@ -56,7 +30,7 @@ protected:
     // The split by keyboard: Alt+D, down to "分割", Enter. When the dialog is up, `inDialog` runs in it.
     static void split(frmData& form, const std::function<void(frmDivide&)>& inDialog = {})
     {
-        DialogWatch watch(inDialog);
+        const test::WhenShown<frmDivide> watch(inDialog);
         QTest::keyClick(&form, Qt::Key_D, Qt::AltModifier);
         auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
         ASSERT_TRUE(menu);

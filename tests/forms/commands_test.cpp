@@ -8,7 +8,6 @@
 
 #include <QCheckBox>
 #include <QSignalSpy>
-#include <QTimer>
 #include <QToolButton>
 
 using namespace tolvinpt;
@@ -140,24 +139,18 @@ TEST_F(Commands, RunTimeErrorsAreReportedOrTrappedAsEachCommandSays)
         std::function<void(frmData&)> run;
         QList<Message> expected;
     };
+    // clang-format off
     const Case cases[] = {
-        {"the change save traps quietly",
-         false,
-         [](frmData& f) { f.menuItem(u"mnuDataSave"_s)->trigger(); },
-         {}},
-        {"the question before leaving treats it as stay",
-         false,
-         [](frmData& f) { f.menuItem(u"mnuDataNext"_s)->trigger(); },
-         {Leave}},
-        {"the new-record save from its menu reports it",
-         true,
+        {"the change save traps quietly", false, [](frmData& f) { f.menuItem(u"mnuDataSave"_s)->trigger(); }, {}},
+        {"the question before leaving treats it as stay", false,
+         [](frmData& f) { f.menuItem(u"mnuDataNext"_s)->trigger(); }, {Leave}},
+        {"the new-record save from its menu reports it", true,
          [](frmData& f) { f.menuItem(u"mnuNewDataSave"_s)->trigger(); },
          {test::okMessage(u"database is locked (5)", u"納品ﾃﾞｰﾀの入力")}},
-        {"the toolbar goes on without a word",
-         true,
-         [](frmData& f) { f.toolbar2()->button(u"新規保存"_s)->click(); },
-         {}},
+        {"the toolbar goes on without a word", true,
+         [](frmData& f) { f.toolbar2()->button(u"新規保存"_s)->click(); }, {}},
     };
+    // clang-format on
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         open(insert());
@@ -181,23 +174,6 @@ TEST_F(Commands, RunTimeErrorsAreReportedOrTrappedAsEachCommandSays)
         EXPECT_EQ(shown(u"txtMyRemarksA"_s), u"TYPED"_s);
         EXPECT_TRUE(link->saved.isEmpty());
     }
-}
-
-TEST_F(Commands, TheRecordListOpensFromTheKeyboard)
-{
-    open(insert());
-    RecordListMenu* list = form->recordList();
-    list->addEntry(u"1Key"_s, u"KEY-1"_s);
-    list->addEntry(u"2Key"_s, u"KEY-2"_s);
-    form->toolbar1()->setButtonEnabled(u"一覧選択"_s, true);
-    QSignalSpy chosen(form.get(), &frmData::recordChosen);
-    QTimer::singleShot(0, [&] {
-        EXPECT_TRUE(list->isVisible());
-        for (const auto key : {Qt::Key_Down, Qt::Key_Return})
-            QTest::keyClick(list->windowHandle(), key);
-    });
-    QTest::keyClick(form.get(), Qt::Key_L, Qt::ControlModifier);
-    EXPECT_EQ(chosen, (QList<QVariantList>{{2}}));
 }
 
 TEST_F(Commands, OrderSearchPrefillsANewDeliveryOfTheOrder)

@@ -8,7 +8,6 @@
 #include "forms/keyed_toolbar.h"
 #include "store/package_quantities.h"
 
-#include <QTimer>
 #include <QToolButton>
 
 using namespace tolvinpt;
@@ -241,28 +240,7 @@ TEST_F(QuantityEditorTest, TheTotalShowsHowItStandsAgainstTheDelivery)
     }
 }
 
-class PackageEditorTest : public EntryTest
-{
-protected:
-    // Runs `act` on the editor once `call` has shown it; false when `call` showed none.
-    bool duringEditor(const std::function<void()>& call, const std::function<void(frmQuantity&)>& act)
-    {
-        QObject context; // ends the polling with the call
-        bool shown = false;
-        std::function<void()> poll = [&] {
-            auto* dialog = form->findChild<frmQuantity*>();
-            if (dialog && dialog->isVisible()) {
-                shown = true;
-                act(*dialog);
-            } else {
-                QTimer::singleShot(0, &context, poll);
-            }
-        };
-        QTimer::singleShot(0, &context, poll);
-        call();
-        return shown;
-    }
-};
+using PackageEditorTest = EntryTest;
 
 TEST_F(PackageEditorTest, OpensBesideTheFormOnlyForSomethingToBreakDown)
 {
@@ -278,8 +256,9 @@ TEST_F(PackageEditorTest, OpensBesideTheFormOnlyForSomethingToBreakDown)
         text(u"txtAmountDelivery"_s)->setText(c.delivery);
         form->selectPackageMode(c.mode);
         messages.beeps = 0;
-        EXPECT_EQ(duringEditor([&] { frmdata::cmdQuantity_Click(*form); }, [](frmQuantity& d) { d.reject(); }),
-                  c.opens);
+        const WhenShown<frmQuantity> editor;
+        frmdata::cmdQuantity_Click(*form);
+        EXPECT_EQ(editor.shown(), c.opens ? 1 : 0);
         if (c.message)
             expectOneMessage(u"個別設定できる納入数量がありません", u"個別入数入力...");
         EXPECT_EQ(messages.beeps, c.opens ? 0 : 1);
@@ -291,7 +270,7 @@ TEST_F(PackageEditorTest, OpensBesideTheFormOnlyForSomethingToBreakDown)
     form->selectPackageMode(3);
     text(u"txtQuantity"_s)->setText(u"4"_s);
     clearFlags();
-    duringEditor([&] { click(control(u"cmdQuantity"_s)); }, [&](frmQuantity& dialog) {
+    const WhenShown<frmQuantity> editor([&](frmQuantity& dialog) {
         EXPECT_EQ(dialog.geometry().right(), form->geometry().right());
         EXPECT_EQ(dialog.geometry().top(), form->geometry().top());
         EXPECT_EQ(dialog.height(), form->height());
@@ -302,6 +281,8 @@ TEST_F(PackageEditorTest, OpensBesideTheFormOnlyForSomethingToBreakDown)
         messages.answers = {QMessageBox::Yes};
         dialog.Toolbar1_ButtonClick(u"戻る"_s);
     });
+    click(control(u"cmdQuantity"_s));
+    ASSERT_EQ(editor.shown(), 1);
     EXPECT_EQ(text(u"txtQuantity"_s)->text(), u"3.000"_s);
     EXPECT_TRUE(form->bChangedQTY);
     EXPECT_EQ(packageCount(gPackageQty), 3);

@@ -66,14 +66,11 @@ TEST_F(Display, ShowsEachColumnAsTheOperatorSeesIt)
     // clang-format off
     const struct { const char* what; Columns columns; std::vector<std::pair<QString, QString>> shows; } cases[] = {
         {"order awaiting instruction", {{C::F00002, u"0502"_s}, {C::F00030, u"2"_s}}, {{u"lblInfo"_s, u"[注文情報 納入指示待ち]"_s}}},
-        {"order info", {{C::F00002, u"0502"_s}, {C::F00030, u"1"_s}}, {{u"lblInfo"_s, u"[注文情報]"_s}}},
-        {"codes are exact text", {{C::F00002, u"999g"_s}}, {{u"lblInfo"_s, u"[手入力]"_s}}},
         {"blank currency is yen", {{C::F00281, u"   "_s}, {C::F00013, 12.5}, {C::F00282, u"7"_s}},
          {{u"cobCurrency"_s, u"JPY"_s}, {u"txtUnitPrice"_s, u"12.5"_s}, {u"cobTaxation"_s, u"1-課税"_s}}},
         {"unlisted currency", {{C::F00281, u"XYZ"_s}}, {{u"cobCurrency"_s, u"XYZ"_s}, {u"cobCurrencyName"_s, u"その他"_s}}},
         {"a currency that starts like a listed one", {{C::F00281, u"US"_s}}, {{u"cobCurrency"_s, u"US"_s}, {u"cobCurrencyName"_s, u"その他"_s}}},
         {"Null currency is yen but not taxable", {{C::F00059, QVariant()}}, {{u"cobCurrency"_s, u"JPY"_s}, {u"cobTaxation"_s, u"2-非課税"_s}}},
-        {"stored taxation", {{C::F00059, u"4"_s}, {C::F00281, u""_s}}, {{u"cobTaxation"_s, u"4-経過措置"_s}}},
         {"plain quantities", {{C::F00015, 1500.0}, {C::F00032, 2.5}, {C::F00036, 0.001}},
          {{u"txtAmountOrder"_s, u"1500"_s}, {u"txtAmountIndicate"_s, u"2.5"_s}, {u"txtAmountDelivery"_s, u"0.001"_s}}},
         {"Null delivery quantity, single package", {{C::F00036, QVariant()}, {C::QuantityType, 1}}, {{u"txtAmountDelivery"_s, u"0"_s}, {u"txtQuantity"_s, u"0"_s}}},

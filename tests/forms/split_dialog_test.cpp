@@ -7,7 +7,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 
 using namespace tolvinpt;
 using namespace tolvinpt::test;
@@ -126,21 +125,6 @@ TEST_F(SplitDialogTest, CancelEndsWithoutAnyCheck)
         messages.expectShown({});
         EXPECT_FALSE(dialog->isVisible());
         EXPECT_EQ(dialog->Result, 2);
-    }
-    // The whole call: nothing for a cancelled dialog, the request for a confirmed one.
-    for (const bool confirm : {false, true}) {
-        QTimer::singleShot(0, [confirm] {
-            auto* shown = qobject_cast<frmDivide*>(QApplication::activeModalWidget());
-            ASSERT_TRUE(shown);
-            shown->control<QLineEdit>(u"txtPayment(1)"_s)->setText(u"K2"_s);
-            shown->control<QLineEdit>(u"txtAmount(1)"_s)->setText(u"6"_s);
-            shown->cmdAny_Click(confirm ? 0 : 1);
-        });
-        const auto request = askDivide(nullptr, {u"12"_s, u"K1"_s, u"10"_s});
-        ASSERT_EQ(request.has_value(), confirm);
-        if (confirm) {
-            EXPECT_EQ(request->newQuantity, Currency::fromInteger(6));
-        }
     }
 }
 

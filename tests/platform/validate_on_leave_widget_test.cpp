@@ -43,23 +43,14 @@ TEST(ValidateOnLeave, LeavingAFieldValidatesItAndARefusalKeepsTheFocus)
 {
     using enum Move;
     using enum Field;
-    const std::tuple<Move, Field, Field, bool> cases[] = {// move, from, to, refused
-                                                          {Tab, A, B, false},
-                                                          {Tab, A, B, true},
-                                                          {Backtab, B, A, true},
-                                                          {Tab, Combo, Button, true},
-                                                          {Mnemonic, A, B, false},
-                                                          {Mnemonic, Combo, B, true},
-                                                          {Click, A, B, false},
-                                                          {Click, A, B, true},
-                                                          {Click, B, Combo, true},
-                                                          {Click, Combo, A, true},
-                                                          {Click, A, Button, false},
-                                                          {Click, A, Button, true},
-                                                          {ClickThroughWindow, A, B, false},
-                                                          {ClickThroughWindow, A, B, true},
-                                                          {ClickThroughWindow, A, Combo, true},
-                                                          {ClickThroughWindow, B, Button, true}};
+    // clang-format off
+    const std::tuple<Move, Field, Field, bool> cases[] = { // move, from, to, refused
+        {Tab, A, B, false}, {Tab, A, B, true}, {Backtab, B, A, true}, {Tab, Combo, Button, true},
+        {Mnemonic, A, B, false}, {Mnemonic, Combo, B, true}, {Click, A, B, false}, {Click, A, B, true},
+        {Click, B, Combo, true}, {Click, Combo, A, true}, {Click, A, Button, false}, {Click, A, Button, true},
+        {ClickThroughWindow, A, B, false}, {ClickThroughWindow, A, B, true}, {ClickThroughWindow, A, Combo, true},
+        {ClickThroughWindow, B, Button, true}};
+    // clang-format on
     for (size_t i = 0; i < std::size(cases); ++i) {
         const auto& [move, fromField, toField, refuse] = cases[i];
         SCOPED_TRACE(i);

@@ -5,8 +5,11 @@
 
 #include <QApplication>
 #include <QTest>
+#include <QTimer>
 #include <QWidget>
 
+#include <functional>
+#include <memory>
 #include <optional>
 
 namespace tolvinpt::test {
@@ -36,5 +39,36 @@ inline void typeText(const QString& text, QWidget* into = nullptr)
                             c < 0x80 ? QTest::asciiToKey(char(c)) : Qt::Key_unknown, QString::fromUcs4(&c, 1),
                             Qt::NoModifier);
 }
+
+// While it lives: runs `act` on every `Dialog` shown, once it is up, then rejects the dialog if it is still
+// up, so that a failed expectation never leaves a test waiting in the dialog's event loop.
+template <class Dialog> class WhenShown final : public QObject
+{
+public:
+    explicit WhenShown(std::function<void(Dialog&)> act = {}) : m_act(std::move(act))
+    {
+        qApp->installEventFilter(this);
+    }
+    int shown() const { return *m_shown; }
+
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        auto* dialog = qobject_cast<Dialog*>(object);
+        if (dialog && event->type() == QEvent::Show) {
+            QTimer::singleShot(0, dialog, [dialog, act = m_act, shown = m_shown] {
+                ++*shown;
+                if (act)
+                    act(*dialog);
+                if (dialog->isVisible())
+                    dialog->reject();
+            });
+        }
+        return false;
+    }
+
+private:
+    std::function<void(Dialog&)> m_act;
+    std::shared_ptr<int> m_shown = std::make_shared<int>(0);
+};
 
 } // namespace tolvinpt::test
