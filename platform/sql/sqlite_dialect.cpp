@@ -22,26 +22,16 @@ public:
     {
         return QString::fromLatin1(LikeFunctionName) + u"(?, "_s + column + u')';
     }
-    // NOCASE compares the UTF-8 bytes (code point order) with A-Z folded to a-z. The range runs from the
-    // folded prefix to the folded prefix with its last character one higher (A-Z never ends it: '@' + 1
-    // folds to 'a', which is higher still).
+    QVariant likeValue(const QString& pattern) const override { return pattern; }
+    // NOCASE compares the UTF-8 bytes (code point order) with A-Z folded to a-z.
     std::optional<PrefixRange> textPrefixRange(const QString& column, QStringView prefix) const override
     {
-        QList<uint> from = prefix.toUcs4();
-        for (uint& c : from)
-            c = c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c;
-        QList<uint> to = from;
-        while (!to.isEmpty() && to.last() >= 0x10FFFF)
-            to.removeLast();
-        if (to.isEmpty())
+        const auto bounds = foldedPrefixBounds(prefix);
+        if (!bounds)
             return std::nullopt;
-        to.last() = to.last() == 0xD7FF ? 0xE000 : to.last() + 1;
         const QString nocase = u" COLLATE NOCASE"_s;
-        const auto text = [](const QList<uint>& ucs4) {
-            return QString::fromUcs4(reinterpret_cast<const char32_t*>(ucs4.constData()), ucs4.size());
-        };
         return PrefixRange{column + u" >= ?"_s + nocase + u" AND "_s + column + u" < ?"_s + nocase,
-                           text(from), text(to)};
+                           bounds->first, bounds->second};
     }
     QString isFalse(const QString& column) const override { return column + u" = 0"_s; }
     QString insertDefaultRow(const QString& table, const QString&) const override
@@ -51,9 +41,9 @@ public:
     bool insertReturnsKey() const override { return false; }
     // IMMEDIATE takes the write lock at once, waiting out the busy timeout for another writer; a plain
     // BEGIN would take it only at the first write, after the checks it is meant to guard.
-    QString beginTransaction(TransactionKind kind) const override
+    QStringList beginTransaction(TransactionKind kind) const override
     {
-        return kind == TransactionKind::Write ? u"BEGIN IMMEDIATE"_s : u"BEGIN"_s;
+        return {kind == TransactionKind::Write ? u"BEGIN IMMEDIATE"_s : u"BEGIN"_s};
     }
 
     QVariant boolValue(bool value) const override { return QVariant(value ? 1 : 0); }
@@ -77,18 +67,16 @@ public:
     {
         return makeSqliteBackend(connection);
     }
+    // A file has no connection to lose.
+    bool connectionLost(const QSqlDatabase&) const override { return false; }
 };
 
 } // namespace
 
-SqlDialect::~SqlDialect() = default;
-
-const SqlDialect* SqlDialect::of(const QSqlDatabase& connection)
+const SqlDialect& sqliteDialect()
 {
-    static const SqliteDialect sqlite;
-    if (connection.driverName() == u"QSQLITE"_s)
-        return &sqlite;
-    return nullptr;
+    static const SqliteDialect dialect;
+    return dialect;
 }
 
 } // namespace tolvinpt::db
