@@ -100,6 +100,16 @@ QSqlDatabase TempDatabase::addConnection(const QString& name, const QString& add
     return server.addConnection(name, database);
 }
 
+QString TempDatabase::readOnlyUser()
+{
+    const QString role = u"tolvinpt_reader"_s;
+    // Roles belong to the whole server, and tests in parallel may create it at the same moment.
+    PgServer::shared().admin(u"DO $$BEGIN CREATE ROLE "_s + role +
+                             u" LOGIN; EXCEPTION WHEN duplicate_object OR unique_violation THEN NULL; END$$"_s);
+    db().execute(u"GRANT SELECT ON T_Delivery, T_DeliveryQTY TO "_s + role);
+    return role;
+}
+
 void TempDatabase::close()
 {
     m_database.reset();
@@ -147,6 +157,11 @@ std::string backendName(const testing::TestParamInfo<Backend>& param)
 {
     const bool native = param.param.path == db::Database::StatementPath::Native;
     return std::string(param.param.engine == Engine::SQLite ? "SQLite" : "PostgreSQL") + (native ? "" : "Portable");
+}
+
+void PrintTo(const Backend& backend, std::ostream* out)
+{
+    *out << backendName(testing::TestParamInfo<Backend>(backend, 0));
 }
 
 std::string statementPathName(const testing::TestParamInfo<db::Database::StatementPath>& param)

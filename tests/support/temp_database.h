@@ -54,6 +54,9 @@ public:
         return engine() == Engine::SQLite ? sqlite : postgresql;
     }
 
+    // A role that may only read this database's tables (PostgreSQL only): to log in as with a Peer.
+    QString readOnlyUser();
+
     // Drops the store's access and closes the connection (to reopen it with reopen()).
     void close();
     // Opens the connection again and gives it a new store access.
@@ -95,6 +98,7 @@ inline auto allBackends()
                            Backend{Engine::PostgreSQL, Path::Native}, Backend{Engine::PostgreSQL, Path::Portable});
 }
 std::string backendName(const testing::TestParamInfo<Backend>& param);
+void PrintTo(const Backend& backend, std::ostream* out);
 inline auto bothEngines()
 {
     return testing::Values(Backend{Engine::SQLite}, Backend{Engine::PostgreSQL});

@@ -7,7 +7,8 @@
 --   text      text COLLATE "C": compared by code point; '=' and the Like search fold A-Z only, through
 --             lower(column COLLATE "C"), which is what the order-key index holds
 --   date      date; date/time timestamp(0)
---   exact     numeric: the five-decimal price numeric(16,5), the currency quantity numeric(19,4)
+--   exact     numeric without a scale, which keeps the digits as written ('12.50' reads back '12.50'),
+--             as the decimal text does on SQLite; the component bounds the digits
 --   quantity  double precision (the order, instruction and delivery quantities are written as doubles)
 --   flag      boolean
 -- IDData must stay the first column: a split copies a record column by column by position.
@@ -39,8 +40,8 @@ CREATE TABLE T_Delivery (
     F00029            text COLLATE "C",
     F00059            text COLLATE "C",
     F00281            text COLLATE "C",
-    F00282            numeric(16,5),
-    F00013            numeric(16,5),
+    F00282            numeric,
+    F00013            numeric,
     F00162            text COLLATE "C",
     F00275            text COLLATE "C",
     F00164            text COLLATE "C",
@@ -50,7 +51,7 @@ CREATE TABLE T_Delivery (
     F00002            text COLLATE "C",
     F00030            text COLLATE "C",
     QuantityType      smallint,
-    Quantity          numeric(19,4),
+    Quantity          numeric,
     InDustBox         boolean NOT NULL DEFAULT false,
     DateDeliveryPrint timestamp(0),
     DateLabelPrint    timestamp(0)
@@ -65,7 +66,7 @@ CREATE INDEX IX_Delivery_OrderKey ON T_Delivery (IDCustomer, lower(F00007 COLLAT
 CREATE TABLE T_DeliveryQTY (
     IDData            bigint NOT NULL,
     Sequence          integer NOT NULL,
-    Quantity          numeric(19,4)
+    Quantity          numeric
 );
 
 CREATE INDEX IX_DeliveryQTY_Package ON T_DeliveryQTY (IDData, Sequence);
