@@ -62,8 +62,13 @@ QByteArray parameterText(const QVariant& value)
     case QMetaType::Double:
     case QMetaType::Float:
         return QByteArray::number(value.toDouble(), 'g', QLocale::FloatingPointShortest);
-    default:
-        return value.toString().toUtf8();
+    default: {
+        const QString text = value.toString();
+        // The server's text cannot hold U+0000; refused as it refuses it, not cut short at it.
+        if (text.contains(QChar(0)))
+            throw DatabaseError(u"invalid byte sequence for encoding \"UTF8\": 0x00"_s, 22021);
+        return text.toUtf8();
+    }
     }
 }
 

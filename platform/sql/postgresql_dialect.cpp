@@ -25,7 +25,7 @@ class PostgresqlDialect final : public SqlDialect
 public:
     QString scriptFolder() const override { return u"postgresql"_s; }
 
-    QString textEquals(const QString& column) const override { return folded(column) + u" = lower(?)"_s; }
+    QString textEquals(const QString& column) const override { return folded(column) + u" = "_s + folded(u"?"_s); }
     QString matchesLike(const QString& column) const override { return folded(column) + u" ~ ?"_s; }
     // Bound, never written into the statement; the expression escapes every character of the pattern.
     QVariant likeValue(const QString& pattern) const override
