@@ -4,6 +4,7 @@
 #include "platform/sql/sql_dialect.h"
 #include "platform/sql/sql_values.h"
 #include "platform/sql/transaction.h"
+#include "tests/support/pg_server.h"
 #include "tests/support/temp_database.h"
 
 #include <gtest/gtest.h>
@@ -151,6 +152,37 @@ TEST_P(Layer, TheSameStatementCanRunNested)
 }
 
 INSTANTIATE_TEST_SUITE_P(Db, Layer, test::allBackends(), test::backendName);
+
+// The server stopped and started under an open connection: every command in between reports the
+// database's message, and the first transaction after it opens the connection again, on both paths.
+TEST(ServerRestart, TheNextTransactionOpensTheConnectionAgain)
+{
+    const test::PrivatePgServer server;
+    server.server().admin(u"CREATE DATABASE restart"_s);
+    for (const auto path : {Database::StatementPath::Native, Database::StatementPath::Portable}) {
+        const QString name = u"restart-"_s + QString::number(int(path));
+        {
+            QSqlDatabase connection = server.server().addConnection(name, u"restart"_s);
+            ASSERT_TRUE(connection.open());
+            Database db(connection, path);
+            db.execute(u"CREATE TABLE IF NOT EXISTS r (n integer)"_s);
+            db.execute(u"DELETE FROM r"_s);
+            const QString insert = u"INSERT INTO r VALUES (?)"_s;
+            db.execute(insert, {1});
+            server.pause();
+            EXPECT_THROW(db.execute(insert, {2}), DatabaseError);
+            EXPECT_THROW(Transaction(db, Transaction::Kind::Write), DatabaseError); // still down
+            server.resume();
+            {
+                Transaction transaction(db, Transaction::Kind::Write);
+                db.execute(insert, {3});
+                transaction.commit();
+            }
+            EXPECT_EQ(db.scalar(u"SELECT string_agg(n::text, ',' ORDER BY n) FROM r"_s)->toString(), u"1,3"_s);
+        }
+        QSqlDatabase::removeDatabase(name);
+    }
+}
 
 TEST(SqlScript, SplitsAtSemicolonsOutsideQuotesAndComments)
 {

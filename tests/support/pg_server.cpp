@@ -105,12 +105,12 @@ PrivatePgServer::~PrivatePgServer()
     }
 }
 
-void PrivatePgServer::pause()
+void PrivatePgServer::pause() const
 {
     runScript("pause", m_conf);
 }
 
-void PrivatePgServer::resume()
+void PrivatePgServer::resume() const
 {
     runScript("start", m_conf);
 }

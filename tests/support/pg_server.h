@@ -37,8 +37,8 @@ public:
 
     const PgServer& server() const { return m_server; }
     // Stops the server (connections drop) and starts it again on the same port with the same data.
-    void pause();
-    void resume();
+    void pause() const;
+    void resume() const;
 
 private:
     QString m_conf;
