@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 using namespace Qt::StringLiterals;
 using namespace tolvinpt;
 using namespace tolvinpt::db;
@@ -118,5 +120,77 @@ TEST_P(OnDatabase, LikeAndEqualityIgnoreAsciiCaseOnly)
 }
 
 INSTANTIATE_TEST_SUITE_P(Db, OnDatabase, test::allBackends(), test::backendName);
+
+} // namespace
+
+namespace {
+
+// Texts and patterns drawn from characters that are special to one engine or another (regular
+// expressions, SQL LIKE, quoting) or sit at the edges of ASCII folding: the two engines must give the
+// same rows as the pattern itself, for Like, for equality and for the index range of a literal start.
+TEST(Differential, BothEnginesGiveThePatternsAnswers)
+{
+    const QString alphabet = u"aAzZ@[`{09-!^$.|()+\\'\"%_\n\téÉａＡｶß"_s + QString::fromUcs4(U"😀", 1);
+    const QStringList tokens{u"*"_s, u"?"_s, u"#"_s, u"[a-c]"_s, u"[!x]"_s, u"[A-Z]"_s, u"[*]"_s, u"[[]"_s,
+                             u"[]"_s, u"[!]"_s, u"[Z-a]"_s, u"[!-]"_s, u"[é-ｶ]"_s};
+    std::mt19937 random(20051231);
+    const auto pick = [&](qsizetype n) { return qsizetype(random() % quint32(n)); };
+    const auto character = [&] {
+        const qsizetype i = pick(alphabet.size() - 1);
+        return alphabet.mid(i, alphabet[i].isHighSurrogate() ? 2 : 1);
+    };
+    QStringList texts{u""_s};
+    while (texts.size() < 200) {
+        QString text;
+        for (qsizetype n = pick(6); n > 0; --n)
+            text += character();
+        texts.append(text);
+    }
+    QStringList patterns = texts.mid(0, 60); // literal patterns: a match is an equality
+    while (patterns.size() < 360) {
+        QString pattern;
+        for (qsizetype n = 1 + pick(4); n > 0; --n)
+            pattern += pick(3) == 0 ? tokens[pick(tokens.size())] : character();
+        patterns.append(pattern);
+    }
+
+    test::TempDatabase sqlite(test::TempDatabase::Schema::Empty, test::Backend{test::Engine::SQLite});
+    test::TempDatabase server(test::TempDatabase::Schema::Empty, test::Backend{test::Engine::PostgreSQL});
+    for (test::TempDatabase* temp : {&sqlite, &server}) {
+        temp->db().execute(u"CREATE TABLE t (id integer PRIMARY KEY, v text)"_s);
+        for (int id = 0; id < texts.size(); ++id)
+            temp->db().execute(u"INSERT INTO t VALUES (?, ?)"_s, {id, texts[id]});
+    }
+    const auto ids = [&](test::TempDatabase& temp, const QString& condition, const QVariantList& values) {
+        Statement statement = temp.db().prepare(u"SELECT id FROM t WHERE "_s + condition + u" ORDER BY id"_s);
+        for (int i = 0; i < values.size(); ++i)
+            statement.bind(i, values[i]);
+        QList<int> result;
+        for (statement.exec(); statement.next();)
+            result.append(statement.value(0).toInt());
+        return result;
+    };
+    for (const QString& pattern : patterns) {
+        SCOPED_TRACE(pattern.toStdString());
+        EXPECT_EQ(ids(sqlite, sqlite.db().dialect().textEquals(u"v"_s), {pattern}),
+                  ids(server, server.db().dialect().textEquals(u"v"_s), {pattern}));
+        if (!LikePattern::compile(pattern))
+            continue;
+        QList<int> expected;
+        for (int id = 0; id < texts.size(); ++id) {
+            if (likeMatches(pattern, texts[id]) == true)
+                expected.append(id);
+        }
+        for (test::TempDatabase* temp : {&sqlite, &server}) {
+            const SqlDialect& dialect = temp->db().dialect();
+            const QVariant like = dialect.likeValue(pattern);
+            EXPECT_EQ(ids(*temp, dialect.matchesLike(u"v"_s), {like}), expected);
+            if (const auto range = dialect.textPrefixRange(u"v"_s, likeLiteralPrefix(pattern))) {
+                EXPECT_EQ(ids(*temp, range->sql + u" AND "_s + dialect.matchesLike(u"v"_s), {range->from, range->to, like}),
+                          expected);
+            }
+        }
+    }
+}
 
 } // namespace
