@@ -33,6 +33,11 @@ const QString ServerMark = u"postgresql:"_s;
 
 } // namespace
 
+Engine defaultEngine()
+{
+    return qEnvironmentVariable("TOLVINPT_TEST_ENGINE") == u"postgresql"_s ? Engine::PostgreSQL : Engine::SQLite;
+}
+
 TempDatabase::TempDatabase(Schema schema, Backend backend) : m_name(uniqueConnectionName()), m_backend(backend)
 {
     if (!m_dir.isValid())

@@ -15,9 +15,12 @@ namespace tolvinpt::test {
 
 // Which engine and statement path a test database runs on.
 enum class Engine { SQLite, PostgreSQL };
+// The default engine: SQLite, or the server when TOLVINPT_TEST_ENGINE is "postgresql" (see tolvinpt_test's
+// BOTH_ENGINES).
+Engine defaultEngine();
 struct Backend
 {
-    Engine engine = Engine::SQLite;
+    Engine engine = defaultEngine();
     db::Database::StatementPath path = db::Database::StatementPath::Native;
 };
 
