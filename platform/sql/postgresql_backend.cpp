@@ -192,26 +192,6 @@ private:
     mutable QStringList m_names;
 };
 
-class PostgresqlBackend final : public SqlBackend
-{
-public:
-    explicit PostgresqlBackend(const QSqlDatabase& connection)
-        : m_connection(connection), m_handle(postgresqlHandle(connection))
-    {
-    }
-    ~PostgresqlBackend() override { clear(); }
-
-protected:
-    std::unique_ptr<SqlStatement> create(const QString& sql) override
-    {
-        return std::make_unique<PostgresqlStatement>(m_handle, sql);
-    }
-
-private:
-    QSqlDatabase m_connection; // keeps the handle's owner alive as long as the statements
-    PGconn* m_handle;
-};
-
 } // namespace
 
 pg_conn* postgresqlHandle(const QSqlDatabase& connection)
@@ -263,7 +243,7 @@ QString numberedPlaceholders(const QString& sql)
 
 std::unique_ptr<SqlBackend> makePostgresqlBackend(const QSqlDatabase& connection)
 {
-    return std::make_unique<PostgresqlBackend>(connection);
+    return std::make_unique<HandleBackend<PGconn, PostgresqlStatement>>(connection, postgresqlHandle(connection));
 }
 
 } // namespace tolvinpt::db

@@ -53,6 +53,25 @@ private:
     std::vector<std::unique_ptr<SqlStatement>> m_fresh;
 };
 
+// Statements on an engine's own handle, taken from the Qt connection that owns it.
+template <typename Handle, typename EngineStatement>
+class HandleBackend final : public SqlBackend
+{
+public:
+    HandleBackend(const QSqlDatabase& connection, Handle* handle) : m_connection(connection), m_handle(handle) {}
+    ~HandleBackend() override { clear(); }
+
+protected:
+    std::unique_ptr<SqlStatement> create(const QString& sql) override
+    {
+        return std::make_unique<EngineStatement>(m_handle, sql);
+    }
+
+private:
+    QSqlDatabase m_connection; // keeps the handle's owner alive as long as the statements
+    Handle* m_handle;
+};
+
 // Statements through QSqlQuery: any Qt driver.
 std::unique_ptr<SqlBackend> makeQtSqlBackend(const QSqlDatabase& connection);
 // Statements on the sqlite3 handle of a QSQLITE connection.
