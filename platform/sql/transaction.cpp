@@ -16,15 +16,19 @@ Transaction::Transaction(Database& database, Kind kind) : m_database(database)
         for (qsizetype i = 1; i < begin.size(); ++i)
             m_database.execute(begin[i]);
     } catch (const DatabaseError&) {
-        this->~Transaction(); // no destructor runs for a constructor that throws
+        rollbackQuietly(); // no destructor runs for a constructor that throws
         throw;
     }
 }
 
 Transaction::~Transaction()
 {
-    if (!m_open)
-        return;
+    if (m_open)
+        rollbackQuietly();
+}
+
+void Transaction::rollbackQuietly() noexcept
+{
     try {
         m_database.execute(u"ROLLBACK"_s);
     } catch (const DatabaseError&) {
