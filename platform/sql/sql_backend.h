@@ -5,6 +5,8 @@
 #include "platform/sql/database.h"
 
 #include <memory>
+#include <optional>
+#include <utility>
 #include <unordered_map>
 #include <vector>
 
@@ -33,6 +35,8 @@ public:
     virtual ~SqlBackend();
     SqlStatement* acquire(const QString& sql);
     void release(SqlStatement* statement);
+    // A statement is acquired and not yet released.
+    bool inUse() const;
 
 protected:
     virtual std::unique_ptr<SqlStatement> create(const QString& sql) = 0;
@@ -49,9 +53,38 @@ private:
     std::vector<std::unique_ptr<SqlStatement>> m_fresh;
 };
 
+// Statements on an engine's own handle, taken from the Qt connection that owns it.
+template <typename Handle, typename EngineStatement>
+class HandleBackend final : public SqlBackend
+{
+public:
+    HandleBackend(const QSqlDatabase& connection, Handle* handle) : m_connection(connection), m_handle(handle) {}
+    ~HandleBackend() override { clear(); }
+
+protected:
+    std::unique_ptr<SqlStatement> create(const QString& sql) override
+    {
+        return std::make_unique<EngineStatement>(m_handle, sql);
+    }
+
+private:
+    QSqlDatabase m_connection; // keeps the handle's owner alive as long as the statements
+    Handle* m_handle;
+};
+
 // Statements through QSqlQuery: any Qt driver.
 std::unique_ptr<SqlBackend> makeQtSqlBackend(const QSqlDatabase& connection);
 // Statements on the sqlite3 handle of a QSQLITE connection.
 std::unique_ptr<SqlBackend> makeSqliteBackend(const QSqlDatabase& connection);
+// Statements on the libpq handle of a QPSQL connection (server-side prepared statements).
+std::unique_ptr<SqlBackend> makePostgresqlBackend(const QSqlDatabase& connection);
+
+// The dialect of each engine.
+const SqlDialect& sqliteDialect();
+const SqlDialect& postgresqlDialect();
+
+// The text range [first, second) that holds every text starting with `prefix` when both are compared
+// by code point with A-Z folded to a-z; nullopt for an empty prefix.
+std::optional<std::pair<QString, QString>> foldedPrefixBounds(QStringView prefix);
 
 } // namespace tolvinpt::db

@@ -168,26 +168,6 @@ private:
     mutable int m_namesPrepared = -1;
 };
 
-class SqliteBackend final : public SqlBackend
-{
-public:
-    explicit SqliteBackend(const QSqlDatabase& connection)
-        : m_connection(connection), m_handle(sqliteHandle(connection))
-    {
-    }
-    ~SqliteBackend() override { clear(); }
-
-protected:
-    std::unique_ptr<SqlStatement> create(const QString& sql) override
-    {
-        return std::make_unique<SqliteStatement>(m_handle, sql);
-    }
-
-private:
-    QSqlDatabase m_connection; // keeps the handle's owner alive as long as the statements
-    sqlite3* m_handle;
-};
-
 // Never destroyed: a connection kept in a global can close after this file's statics are gone at exit.
 std::mutex& registryMutex = *new std::mutex;
 std::set<sqlite3*>& registeredHandles = *new std::set<sqlite3*>;
@@ -262,7 +242,7 @@ void ensureLikeFunction(sqlite3* handle)
 
 std::unique_ptr<SqlBackend> makeSqliteBackend(const QSqlDatabase& connection)
 {
-    return std::make_unique<SqliteBackend>(connection);
+    return std::make_unique<HandleBackend<sqlite3, SqliteStatement>>(connection, sqliteHandle(connection));
 }
 
 } // namespace tolvinpt::db

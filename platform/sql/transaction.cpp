@@ -8,14 +8,27 @@ namespace tolvinpt::db {
 
 Transaction::Transaction(Database& database, Kind kind) : m_database(database)
 {
-    m_database.execute(m_database.dialect().beginTransaction(kind));
+    m_database.reopenIfLost();
+    const QStringList begin = m_database.dialect().beginTransaction(kind);
+    m_database.execute(begin.first());
     m_open = true;
+    try {
+        for (qsizetype i = 1; i < begin.size(); ++i)
+            m_database.execute(begin[i]);
+    } catch (const DatabaseError&) {
+        rollbackQuietly(); // no destructor runs for a constructor that throws
+        throw;
+    }
 }
 
 Transaction::~Transaction()
 {
-    if (!m_open)
-        return;
+    if (m_open)
+        rollbackQuietly();
+}
+
+void Transaction::rollbackQuietly() noexcept
+{
     try {
         m_database.execute(u"ROLLBACK"_s);
     } catch (const DatabaseError&) {

@@ -30,6 +30,8 @@ public:
     bool isOpen() const { return m_open; }
 
 private:
+    void rollbackQuietly() noexcept;
+
     Database& m_database;
     bool m_open = false;
 };

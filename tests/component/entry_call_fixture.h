@@ -44,7 +44,8 @@ protected:
         test::registerFakeHost(host);
         for (const char* key : {"K-1", "K-2", "K-3"})
             ids.append(insert(QString::fromLatin1(key)));
-        temp.db().execute(u"PRAGMA busy_timeout = 0"_s); // a lock fails at once instead of after 5 s
+        // A lock fails at once instead of after 5 s (0 would be no limit on the server).
+        temp.db().execute(temp.sql(u"PRAGMA busy_timeout = 0"_s, u"SET lock_timeout = '1ms'"_s));
     }
     void TearDown() override { RegisterHostObjects(nullptr); }
 

@@ -67,7 +67,8 @@ protected:
             std::tie(customer.id, customer.code, customer.name) = std::tuple(id, code, u"得意先"_s + code);
         }
         host.customers[1].lenientEntry = true;
-        temp.db().execute(u"PRAGMA busy_timeout = 0"_s); // a lock fails at once
+        // A lock fails at once (0 would be no limit on the server).
+        temp.db().execute(temp.sql(u"PRAGMA busy_timeout = 0"_s, u"SET lock_timeout = '1ms'"_s));
     }
     void TearDown() override
     {
