@@ -314,7 +314,7 @@ void DeliveryWriter::write(int serial)
     if (!m_packages.isEmpty() && m_rng.percent(50))
         row.push_back({QStringLiteral("DateLabelPrint"), dateTimeOrNull(ship, 16, 30)});
 
-    const qint64 id = insertRow(m_db, QStringLiteral("T_Delivery"), row);
+    const qint64 id = insertRow(m_db, QStringLiteral("T_Delivery"), row, QStringLiteral("IDData"));
     for (int i = 0; i < m_packages.size(); ++i)
         insertRow(m_db, QStringLiteral("T_DeliveryQTY"),
                   {{QStringLiteral("IDData"), id},
