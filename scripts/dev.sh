@@ -6,7 +6,8 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 packages=(g++ cmake ninja-build pkg-config qt6-base-dev libqt6sql6-sqlite libicu-dev libsqlite3-dev
-          googletest libgtest-dev libbenchmark-dev fonts-noto-cjk poppler-utils)
+          googletest libgtest-dev libbenchmark-dev fonts-noto-cjk poppler-utils
+          postgresql-15 postgresql-common libpq-dev libqt6sql6-psql)
 
 install_missing() {
     local missing=()

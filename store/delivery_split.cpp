@@ -149,10 +149,7 @@ qint64 insertNewRow(db::Database& database, const QStringList& columns, const Ch
 {
     db::Statement insert =
         run(database, insertSql(database.dialect(), columns, changes), insertValues(columns, changes, id));
-    if (!database.dialect().insertReturnsKey())
-        return insert.lastInsertId();
-    insert.next();
-    return insert.value(0).toLongLong();
+    return database.insertedKey(insert);
 }
 
 struct Source

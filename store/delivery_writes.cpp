@@ -39,20 +39,29 @@ QString deliveryInsertSql(const DeliveryRecord& record)
     return u"INSERT INTO T_Delivery ("_s + names + u") VALUES ("_s + placeholders + u')';
 }
 
+namespace {
+
+QString keyReturning(const db::SqlDialect& dialect)
+{
+    return dialect.insertReturnsKey() ? u" RETURNING IDData"_s : QString();
+}
+
+} // namespace
+
 qint64 insertDeliveryRecord(db::Database& database, const DeliveryRecord& record)
 {
     const auto& columns = deliveryColumns();
     if (std::none_of(columns.begin(), columns.end(),
                      [&](const auto& info) { return inserted(record, info.column); }))
         return insertBlankDeliveryRecord(database);
-    db::Statement statement = database.prepare(deliveryInsertSql(record));
+    db::Statement statement = database.prepare(deliveryInsertSql(record) + keyReturning(database.dialect()));
     int index = 0;
     for (const DeliveryColumnInfo& info : columns) {
         if (inserted(record, info.column))
             statement.bind(index++, storedValue(database.dialect(), info.column, record.value(info.column)));
     }
     statement.exec();
-    return statement.lastInsertId();
+    return database.insertedKey(statement);
 }
 
 QString detailUpdateSql(const DeliveryRecord& detail)

@@ -19,7 +19,7 @@ LikeMatch likeMatch(const db::SqlDialect& dialect, const QString& column, const 
         match.values = {range->from, range->to};
     }
     match.sql += dialect.matchesLike(column);
-    match.values.append(pattern);
+    match.values.append(dialect.likeValue(pattern));
     return match;
 }
 

@@ -17,7 +17,25 @@ DatabaseError::DatabaseError(const QString& description, long number)
 DatabaseError DatabaseError::fromSqlError(const QSqlError& error)
 {
     const QString description = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
-    return DatabaseError(description, error.nativeErrorCode().toLong());
+    return DatabaseError(description, sqlStateNumber(error.nativeErrorCode()));
+}
+
+long DatabaseError::sqlStateNumber(QStringView code)
+{
+    bool digits = false;
+    const long decimal = code.toLong(&digits);
+    if (digits)
+        return decimal;
+    if (code.size() != 5)
+        return 0;
+    long number = 0;
+    for (const QChar c : code) {
+        const int digit = c.isDigit() ? c.unicode() - u'0' : c.isUpper() && c.unicode() < 128 ? c.unicode() - u'A' + 10 : -1;
+        if (digit < 0)
+            return 0;
+        number = number * 36 + digit;
+    }
+    return 100000 + number;
 }
 
 QString DatabaseError::operatorText(Spacing spacing) const
@@ -93,22 +111,43 @@ qint64 Statement::rowsAffected() const
 }
 
 Database::Database(const QSqlDatabase& connection, StatementPath path)
-    : m_connection(connection), m_dialect(SqlDialect::of(connection))
+    : m_connection(connection), m_dialect(SqlDialect::of(connection)), m_path(path)
 {
     if (!m_connection.isOpen())
         throw DatabaseError(u"The database is not open"_s, 0);
     if (!m_dialect)
         throw DatabaseError(u"No SQL dialect for the driver "_s + m_connection.driverName(), 0);
-    m_dialect->prepareConnection(m_connection);
-    m_backend = path == StatementPath::Native ? m_dialect->nativeBackend(m_connection)
-                                              : makeQtSqlBackend(m_connection);
+    backend();
 }
 
 Database::~Database() = default;
 
+SqlBackend& Database::backend()
+{
+    if (!m_backend) {
+        m_dialect->prepareConnection(m_connection);
+        m_backend = m_path == StatementPath::Native ? m_dialect->nativeBackend(m_connection)
+                                                    : makeQtSqlBackend(m_connection);
+    }
+    return *m_backend;
+}
+
 Statement Database::prepare(const QString& sql)
 {
-    return Statement(*m_backend, m_backend->acquire(sql));
+    SqlBackend& engine = backend();
+    return Statement(engine, engine.acquire(sql));
+}
+
+void Database::reopenIfLost()
+{
+    if (!m_dialect->connectionLost(m_connection) || (m_backend && m_backend->inUse()))
+        return;
+    // The statements belong to the old session; they go before it does.
+    m_backend.reset();
+    m_connection.close();
+    if (!m_connection.open())
+        throw DatabaseError::fromSqlError(m_connection.lastError());
+    backend();
 }
 
 void Database::execute(const QString& sql, std::initializer_list<QVariant> values)
@@ -129,10 +168,14 @@ qint64 Database::insertDefaultRow(const QString& table, const QString& keyColumn
 {
     Statement statement = prepare(m_dialect->insertDefaultRow(table, keyColumn));
     statement.exec();
+    return insertedKey(statement);
+}
+
+qint64 Database::insertedKey(Statement& insert) const
+{
     if (!m_dialect->insertReturnsKey())
-        return statement.lastInsertId();
-    statement.next();
-    return statement.value(0).toLongLong();
+        return insert.lastInsertId();
+    return insert.next() ? insert.value(0).toLongLong() : 0;
 }
 
 void Database::runScript(const QString& script)

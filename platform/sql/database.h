@@ -20,12 +20,19 @@ class SqlStatement;
 
 // A failure reported by the database engine: its description and its native error number. For SQLite
 // that is the extended result code, as Qt's driver reports it too: 2067 for a duplicate key, 1299 for a
-// missing required value, 1 for an SQL error. Failures of this layer itself carry the number 0.
+// missing required value, 1 for an SQL error. For PostgreSQL it is the SQLSTATE as a number (see
+// sqlStateNumber): 23505 for a duplicate key, 42501 for a missing permission, 8006 for a lost
+// connection. Failures of this layer itself carry the number 0.
 class DatabaseError : public std::runtime_error
 {
 public:
     DatabaseError(const QString& description, long number);
     static DatabaseError fromSqlError(const QSqlError& error);
+
+    // A five-character SQLSTATE as a number: its decimal value when it is all digits ("23505" is 23505,
+    // "08006" is 8006), else 100000 plus its value in base 36 ("42P01" is 6944177), so the two never
+    // meet. Any other code of digits only (SQLite's) is its decimal value; anything else is 0.
+    static long sqlStateNumber(QStringView code);
 
     const QString& description() const noexcept { return m_description; }
     long number() const noexcept { return m_number; }
@@ -95,18 +102,28 @@ public:
 
     // Throws DatabaseError when `sql` does not compile.
     Statement prepare(const QString& sql);
+    // Opens the connection again when the engine reports it broken (a server restart or a dropped link
+    // since the last statement), so that the next transaction runs; every prepared statement is prepared
+    // anew. Does nothing while a statement is in use. Throws DatabaseError when it cannot reopen.
+    void reopenIfLost();
     // Prepares, binds `values` in order and runs a statement that returns no rows.
     void execute(const QString& sql, std::initializer_list<QVariant> values = {});
     // First column of the first row, nullopt when there is no row.
     std::optional<QVariant> scalar(const QString& sql, std::initializer_list<QVariant> values = {});
+    // The key the engine numbered the row with that `insert` (just run) added; an insert on an engine
+    // whose dialect insertReturnsKey() ends in RETURNING its key column.
+    qint64 insertedKey(Statement& insert) const;
     // Inserts a row with every column at its default and returns the key the engine numbered it with.
     qint64 insertDefaultRow(const QString& table, const QString& keyColumn);
     // Runs each statement of a script in turn (see splitSqlScript).
     void runScript(const QString& script);
 
 private:
+    SqlBackend& backend();
+
     QSqlDatabase m_connection;
     const SqlDialect* m_dialect;
+    StatementPath m_path;
     std::unique_ptr<SqlBackend> m_backend;
 };
 

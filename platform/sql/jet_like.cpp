@@ -2,6 +2,10 @@
 
 #include <QList>
 
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
 namespace tolvinpt::db {
 
 namespace {
@@ -142,6 +146,62 @@ bool LikePattern::matches(std::u32string_view text) const
 bool LikePattern::matches(QStringView text) const
 {
     return matches(toUtf32(text));
+}
+
+namespace {
+
+// ASCII letters and digits as themselves, every other character as \Uxxxxxxxx.
+QString regexCharacter(char32_t c)
+{
+    if ((c >= U'a' && c <= U'z') || (c >= U'A' && c <= U'Z') || (c >= U'0' && c <= U'9'))
+        return QString(QChar(char16_t(c)));
+    return u"\\U"_s + QString::number(uint(c), 16).rightJustified(8, u'0');
+}
+
+QString regexRange(char32_t first, char32_t last)
+{
+    return first == last ? regexCharacter(first) : regexCharacter(first) + u'-' + regexCharacter(last);
+}
+
+} // namespace
+
+QString LikePattern::foldedRegularExpression() const
+{
+    QString regex = u"^"_s;
+    for (const Token& token : m_tokens) {
+        switch (token.kind) {
+        case Token::AnyRun:
+            regex += u".*"_s;
+            break;
+        case Token::AnyOne:
+            regex += u'.';
+            break;
+        case Token::Digit:
+            regex += u"[0-9]"_s;
+            break;
+        case Token::Literal:
+            regex += regexCharacter(token.literal);
+            break;
+        case Token::Set: {
+            if (token.rangeBegin == token.rangeEnd) { // [!] : any one character
+                regex += u'.';
+                break;
+            }
+            // A folded text holds no A-Z: the part of a range within A-Z is matched by its lower case.
+            QString set = token.negated ? u"[^"_s : u"["_s;
+            for (unsigned r = token.rangeBegin; r < token.rangeEnd; ++r) {
+                const Range& range = m_ranges[r];
+                set += regexRange(range.first, range.last);
+                const char32_t first = std::max(range.first, U'A'), last = std::min(range.last, U'Z');
+                if (first <= last)
+                    set += regexRange(lowerAscii(first), lowerAscii(last));
+            }
+            regex += set + u']';
+            break;
+        }
+        }
+    }
+    return regex + u'$';
 }
 
 std::optional<bool> likeMatches(QStringView pattern, QStringView text)

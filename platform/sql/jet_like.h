@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <QStringView>
 
 #include <optional>
@@ -24,6 +25,11 @@ public:
 
     bool matches(std::u32string_view text) const;
     bool matches(QStringView text) const;
+
+    // The same pattern as a POSIX regular expression (PostgreSQL's advanced flavour) over text whose
+    // ASCII letters are folded to lower case; anchored at both ends. Every character but the wildcards is
+    // written as an escape, so no text of the operator's can act as regular-expression syntax.
+    QString foldedRegularExpression() const;
 
 private:
     struct Range

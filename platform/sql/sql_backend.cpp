@@ -1,10 +1,13 @@
 #include "platform/sql/sql_backend.h"
 
+#include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
 
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace tolvinpt::db {
 
@@ -14,20 +17,35 @@ namespace {
 // bounds the cache for callers that build many texts.
 constexpr std::size_t MaxCachedStatements = 128;
 
+// Queries and row changes; other statements (schema changes, BEGIN, COMMIT) are run as they are, since
+// some drivers prepare them through SQL PREPARE, which takes only these.
+bool preparable(const QString& sql)
+{
+    static const QStringList kinds{u"SELECT"_s, u"INSERT"_s, u"UPDATE"_s, u"DELETE"_s, u"VALUES"_s, u"WITH"_s};
+    const QString first = sql.trimmed().section(u' ', 0, 0);
+    return sql.contains(u'?') || kinds.contains(first, Qt::CaseInsensitive);
+}
+
 class QtSqlStatement final : public SqlStatement
 {
 public:
     QtSqlStatement(const QSqlDatabase& connection, const QString& sql) : m_query(connection)
     {
-        m_query.setForwardOnly(true);
-        if (!m_query.prepare(sql))
+        // Qt's PostgreSQL driver streams forward-only rows and holds the connection until the last one, so
+        // a statement run inside another's rows would fail; it gets the whole (small) result instead.
+        m_query.setForwardOnly(connection.driver()->dbmsType() != QSqlDriver::PostgreSQL);
+        // Exact decimals (PostgreSQL's numeric) as text; engines without them are not affected.
+        m_query.setNumericalPrecisionPolicy(QSql::HighPrecision);
+        if (!preparable(sql))
+            m_direct = sql;
+        else if (!m_query.prepare(sql))
             throw DatabaseError::fromSqlError(m_query.lastError());
     }
 
     void bind(int index, const QVariant& value) override { m_query.bindValue(index, value); }
     void exec() override
     {
-        if (!m_query.exec())
+        if (!(m_direct.isEmpty() ? m_query.exec() : m_query.exec(m_direct)))
             throw DatabaseError::fromSqlError(m_query.lastError());
     }
     bool next() override
@@ -56,6 +74,7 @@ public:
 
 private:
     QSqlQuery m_query;
+    QString m_direct;
     mutable QStringList m_names;
 };
 
@@ -110,6 +129,12 @@ void SqlBackend::release(SqlStatement* statement)
             return;
         }
     }
+}
+
+bool SqlBackend::inUse() const
+{
+    return !m_fresh.empty() ||
+           std::any_of(m_cache.begin(), m_cache.end(), [](const auto& entry) { return entry.second.inUse; });
 }
 
 void SqlBackend::clear()

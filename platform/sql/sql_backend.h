@@ -5,6 +5,8 @@
 #include "platform/sql/database.h"
 
 #include <memory>
+#include <optional>
+#include <utility>
 #include <unordered_map>
 #include <vector>
 
@@ -33,6 +35,8 @@ public:
     virtual ~SqlBackend();
     SqlStatement* acquire(const QString& sql);
     void release(SqlStatement* statement);
+    // A statement is acquired and not yet released.
+    bool inUse() const;
 
 protected:
     virtual std::unique_ptr<SqlStatement> create(const QString& sql) = 0;
@@ -53,5 +57,15 @@ private:
 std::unique_ptr<SqlBackend> makeQtSqlBackend(const QSqlDatabase& connection);
 // Statements on the sqlite3 handle of a QSQLITE connection.
 std::unique_ptr<SqlBackend> makeSqliteBackend(const QSqlDatabase& connection);
+// Statements on the libpq handle of a QPSQL connection (server-side prepared statements).
+std::unique_ptr<SqlBackend> makePostgresqlBackend(const QSqlDatabase& connection);
+
+// The dialect of each engine.
+const SqlDialect& sqliteDialect();
+const SqlDialect& postgresqlDialect();
+
+// The text range [first, second) that holds every text starting with `prefix` when both are compared
+// by code point with A-Z folded to a-z; nullopt for an empty prefix.
+std::optional<std::pair<QString, QString>> foldedPrefixBounds(QStringView prefix);
 
 } // namespace tolvinpt::db

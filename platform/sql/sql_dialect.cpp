@@ -1,94 +1,39 @@
 #include "platform/sql/sql_dialect.h"
 
-#include "platform/sql/database.h"
 #include "platform/sql/sql_backend.h"
-#include "platform/sql/sqlite_backend.h"
 
 using namespace Qt::StringLiterals;
 
 namespace tolvinpt::db {
 
-namespace {
-
-class SqliteDialect final : public SqlDialect
-{
-public:
-    QString scriptFolder() const override { return u"sqlite"_s; }
-
-    // The order-key columns are declared COLLATE NOCASE, so their index serves this comparison too;
-    // naming the collation keeps the rule for tables a host created without it.
-    QString textEquals(const QString& column) const override { return column + u" = ? COLLATE NOCASE"_s; }
-    QString matchesLike(const QString& column) const override
-    {
-        return QString::fromLatin1(LikeFunctionName) + u"(?, "_s + column + u')';
-    }
-    // NOCASE compares the UTF-8 bytes (code point order) with A-Z folded to a-z. The range runs from the
-    // folded prefix to the folded prefix with its last character one higher (A-Z never ends it: '@' + 1
-    // folds to 'a', which is higher still).
-    std::optional<PrefixRange> textPrefixRange(const QString& column, QStringView prefix) const override
-    {
-        QList<uint> from = prefix.toUcs4();
-        for (uint& c : from)
-            c = c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c;
-        QList<uint> to = from;
-        while (!to.isEmpty() && to.last() >= 0x10FFFF)
-            to.removeLast();
-        if (to.isEmpty())
-            return std::nullopt;
-        to.last() = to.last() == 0xD7FF ? 0xE000 : to.last() + 1;
-        const QString nocase = u" COLLATE NOCASE"_s;
-        const auto text = [](const QList<uint>& ucs4) {
-            return QString::fromUcs4(reinterpret_cast<const char32_t*>(ucs4.constData()), ucs4.size());
-        };
-        return PrefixRange{column + u" >= ?"_s + nocase + u" AND "_s + column + u" < ?"_s + nocase,
-                           text(from), text(to)};
-    }
-    QString isFalse(const QString& column) const override { return column + u" = 0"_s; }
-    QString insertDefaultRow(const QString& table, const QString&) const override
-    {
-        return u"INSERT INTO "_s + table + u" DEFAULT VALUES"_s;
-    }
-    bool insertReturnsKey() const override { return false; }
-    // IMMEDIATE takes the write lock at once, waiting out the busy timeout for another writer; a plain
-    // BEGIN would take it only at the first write, after the checks it is meant to guard.
-    QString beginTransaction(TransactionKind kind) const override
-    {
-        return kind == TransactionKind::Write ? u"BEGIN IMMEDIATE"_s : u"BEGIN"_s;
-    }
-
-    QVariant boolValue(bool value) const override { return QVariant(value ? 1 : 0); }
-    QVariant dateValue(const QDate& date) const override
-    {
-        return date.isValid() ? QVariant(date.toString(u"yyyy-MM-dd"_s)) : QVariant();
-    }
-    QVariant dateTimeValue(const QDateTime& dateTime) const override
-    {
-        return dateTime.isValid() ? QVariant(dateTime.toString(u"yyyy-MM-dd HH:mm:ss"_s)) : QVariant();
-    }
-    // Bound as text into TEXT columns: stored exactly as written.
-    QVariant decimalValue(const QString& text) const override { return QVariant(text); }
-    QVariant currencyValue(Currency value) const override { return QVariant(value.toString()); }
-
-    void prepareConnection(const QSqlDatabase& connection) const override
-    {
-        ensureLikeFunction(sqliteHandle(connection));
-    }
-    std::unique_ptr<SqlBackend> nativeBackend(const QSqlDatabase& connection) const override
-    {
-        return makeSqliteBackend(connection);
-    }
-};
-
-} // namespace
-
 SqlDialect::~SqlDialect() = default;
 
 const SqlDialect* SqlDialect::of(const QSqlDatabase& connection)
 {
-    static const SqliteDialect sqlite;
-    if (connection.driverName() == u"QSQLITE"_s)
-        return &sqlite;
+    const QString driver = connection.driverName();
+    if (driver == u"QSQLITE"_s)
+        return &sqliteDialect();
+    if (driver == u"QPSQL"_s)
+        return &postgresqlDialect();
     return nullptr;
+}
+
+std::optional<std::pair<QString, QString>> foldedPrefixBounds(QStringView prefix)
+{
+    QList<uint> from = prefix.toUcs4();
+    for (uint& c : from)
+        c = c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c;
+    QList<uint> to = from;
+    while (!to.isEmpty() && to.last() >= 0x10FFFF)
+        to.removeLast();
+    if (to.isEmpty())
+        return std::nullopt;
+    // A-Z never ends the upper bound: '@' + 1 folds to 'a', which is higher still.
+    to.last() = to.last() == 0xD7FF ? 0xE000 : to.last() + 1;
+    const auto text = [](const QList<uint>& ucs4) {
+        return QString::fromUcs4(reinterpret_cast<const char32_t*>(ucs4.constData()), ucs4.size());
+    };
+    return std::pair{text(from), text(to)};
 }
 
 } // namespace tolvinpt::db

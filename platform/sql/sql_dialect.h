@@ -6,6 +6,7 @@
 #include <QDateTime>
 #include <QSqlDatabase>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 
 #include <memory>
@@ -20,17 +21,18 @@ class SqlBackend;
 enum class TransactionKind { Read, Write };
 
 // Everything that differs between database engines, in one place: how the statements say the rules the
-// delivery data has always been queried with, and how values are stored. A new engine (PostgreSQL) is a
-// new subclass; callers build statements only from these fragments and bind values from these functions.
+// delivery data has always been queried with, and how values are stored. Each engine is a subclass
+// (SQLite, PostgreSQL); callers build statements only from these fragments and bind values from these
+// functions, so both engines give the same answers.
 //
 // The rules:
-// - Text equality ignores letter case. SQLite folds ASCII letters only (COLLATE NOCASE); full-width and
-//   other non-ASCII letters compare exactly. The Like patterns (jet_like.h) fold the same way.
-// - Like uses the patterns * ? # [set] [a-z] [!set], case-insensitive, through a SQL function that the
-//   dialect registers on the connection.
-// - Booleans are stored 0/1 and any non-zero value reads True, so "is False" is "= 0".
-// - Dates are 'YYYY-MM-DD' text, date/times 'YYYY-MM-DD HH:MM:SS' text.
-// - Exact decimals are decimal text; they never pass through double.
+// - Text equality ignores letter case, folding ASCII letters only; full-width and other non-ASCII letters
+//   compare exactly. The Like patterns (jet_like.h) fold the same way.
+// - Like uses the patterns * ? # [set] [a-z] [!set], case-insensitive; the value bound for a pattern
+//   comes from likeValue().
+// - Booleans: "is False" comes from isFalse(), values to bind from boolValue().
+// - Dates and date/times, exact decimals: bound from the functions below, read back through
+//   sql_values.h whatever type the engine returns; exact decimals never pass through double.
 class SqlDialect
 {
 public:
@@ -44,8 +46,10 @@ public:
 
     // `column` equals the text bound at the next '?', ignoring letter case.
     virtual QString textEquals(const QString& column) const = 0;
-    // `column` matches the Like pattern bound at the next '?'.
+    // `column` matches the Like pattern bound at the next '?' as likeValue(pattern).
     virtual QString matchesLike(const QString& column) const = 0;
+    // What to bind for a valid Like pattern.
+    virtual QVariant likeValue(const QString& pattern) const = 0;
     // A condition on `column`, with the two values to bind at its two '?', that holds for every text
     // starting with `prefix` under the rule of textEquals (and maybe for a few more), so that an index on
     // the column can narrow a Like match to the pattern's literal start. nullopt for an empty prefix.
@@ -61,9 +65,8 @@ public:
     virtual QString insertDefaultRow(const QString& table, const QString& keyColumn) const = 0;
     // True: that statement returns the new key as its one row; false: the key is the last insert id.
     virtual bool insertReturnsKey() const = 0;
-    // The statement that begins a transaction of that kind (a server engine would take serialisable
-    // isolation or a lock for Write); COMMIT and ROLLBACK end it.
-    virtual QString beginTransaction(TransactionKind kind) const = 0;
+    // The statements that begin a transaction of that kind, in order; COMMIT and ROLLBACK end it.
+    virtual QStringList beginTransaction(TransactionKind kind) const = 0;
 
     // Values to bind. An invalid date or date/time binds Null.
     virtual QVariant boolValue(bool value) const = 0;
@@ -78,6 +81,8 @@ public:
     virtual void prepareConnection(const QSqlDatabase& connection) const = 0;
     // The fastest statement path the engine has.
     virtual std::unique_ptr<SqlBackend> nativeBackend(const QSqlDatabase& connection) const = 0;
+    // True when the connection is broken for good and must be opened again (a server restarted).
+    virtual bool connectionLost(const QSqlDatabase& connection) const = 0;
 };
 
 } // namespace tolvinpt::db

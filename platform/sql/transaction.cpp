@@ -8,8 +8,17 @@ namespace tolvinpt::db {
 
 Transaction::Transaction(Database& database, Kind kind) : m_database(database)
 {
-    m_database.execute(m_database.dialect().beginTransaction(kind));
+    m_database.reopenIfLost();
+    const QStringList begin = m_database.dialect().beginTransaction(kind);
+    m_database.execute(begin.first());
     m_open = true;
+    try {
+        for (qsizetype i = 1; i < begin.size(); ++i)
+            m_database.execute(begin[i]);
+    } catch (const DatabaseError&) {
+        this->~Transaction(); // no destructor runs for a constructor that throws
+        throw;
+    }
 }
 
 Transaction::~Transaction()

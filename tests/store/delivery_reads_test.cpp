@@ -1,4 +1,4 @@
-// Reads and writes of the delivery tables on a real SQLite file, on both statement paths.
+// Reads and writes of the delivery tables on every engine and statement path.
 #include "store/delivery_reads.h"
 #include "store/delivery_writes.h"
 #include "store/package_quantities.h"
@@ -12,7 +12,7 @@ using C = tolvinpt::DeliveryColumn;
 
 namespace {
 
-class Reads : public testing::TestWithParam<db::Database::StatementPath>
+class Reads : public testing::TestWithParam<test::Backend>
 {
 protected:
     Reads() : temp(test::TempDatabase::Schema::Delivery, GetParam()) {}
@@ -87,6 +87,6 @@ TEST_P(Reads, OrderKeyFindsLiveRecordsIgnoringLetterCase)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Db, Reads, test::bothStatementPaths(), test::statementPathName);
+INSTANTIATE_TEST_SUITE_P(Db, Reads, test::allBackends(), test::backendName);
 
 } // namespace

@@ -13,16 +13,25 @@
 
 namespace tolvinpt::test {
 
-// A fresh SQLite database file in its own temporary directory, open under a connection name of its own,
-// with the delivery tables created from the shipped DDL unless asked for an empty one. The connection is
-// closed and removed, and the file deleted, when the object goes.
+// Which engine and statement path a test database runs on.
+enum class Engine { SQLite, PostgreSQL };
+struct Backend
+{
+    Engine engine = Engine::SQLite;
+    db::Database::StatementPath path = db::Database::StatementPath::Native;
+};
+
+// A fresh database of its own: an SQLite file in a temporary directory, or a new database on the test
+// run's PostgreSQL server (see pg_server.h). Open under a connection name of its own, with the delivery
+// tables created from the shipped DDL unless asked for an empty one. The connection is closed and
+// removed, and the file or server database dropped, when the object goes.
 class TempDatabase
 {
 public:
     enum class Schema { Delivery, Empty };
 
-    explicit TempDatabase(Schema schema = Schema::Delivery,
-                          db::Database::StatementPath path = db::Database::StatementPath::Native);
+    explicit TempDatabase(Schema schema = Schema::Delivery, Backend backend = {});
+    TempDatabase(Schema schema, db::Database::StatementPath path) : TempDatabase(schema, Backend{Engine::SQLite, path}) {}
     TempDatabase(const TempDatabase&) = delete;
     TempDatabase& operator=(const TempDatabase&) = delete;
     ~TempDatabase();
@@ -32,7 +41,21 @@ public:
     // The Qt connection, e.g. for a host object's Database().
     QSqlDatabase connection() const;
     const QString& connectionName() const { return m_name; }
+    Engine engine() const { return m_backend.engine; }
+    // The SQLite file (empty on PostgreSQL).
     QString filePath() const;
+    // Where the database is, for another process: see addConnection().
+    QString address() const;
+    // A new connection (not opened) named `name` to the database at `address`.
+    static QSqlDatabase addConnection(const QString& name, const QString& address);
+    // `sqlite` on SQLite, `postgresql` on PostgreSQL: for a test's own tables and engine-specific SQL.
+    QString sql(const QString& sqlite, const QString& postgresql) const
+    {
+        return engine() == Engine::SQLite ? sqlite : postgresql;
+    }
+
+    // A role that may only read this database's tables (PostgreSQL only): to log in as with a Peer.
+    QString readOnlyUser();
 
     // Drops the store's access and closes the connection (to reopen it with reopen()).
     void close();
@@ -42,12 +65,14 @@ public:
 private:
     QTemporaryDir m_dir;
     QString m_name;
-    db::Database::StatementPath m_path;
+    Backend m_backend;
+    QString m_serverDatabase;
     std::unique_ptr<db::Database> m_database;
 };
 
-// Another operator's connection to the same file, for changes and locks made behind the component's back.
-// Each statement must succeed.
+// Another operator's connection to the same database, for changes and locks made behind the component's
+// back. Each statement must succeed. "BEGIN EXCLUSIVE" and "BEGIN IMMEDIATE" take the write lock as the
+// engine's Write transaction takes it.
 class SecondConnection
 {
 public:
@@ -64,8 +89,22 @@ private:
     QString m_name;
 };
 
-// For tests that run on both statement paths:
-//   INSTANTIATE_TEST_SUITE_P(Db, Suite, test::bothStatementPaths(), test::statementPathName);
+// For tests that run on every engine and statement path:
+//   INSTANTIATE_TEST_SUITE_P(Db, Suite, test::allBackends(), test::backendName);
+inline auto allBackends()
+{
+    using Path = db::Database::StatementPath;
+    return testing::Values(Backend{Engine::SQLite, Path::Native}, Backend{Engine::SQLite, Path::Portable},
+                           Backend{Engine::PostgreSQL, Path::Native}, Backend{Engine::PostgreSQL, Path::Portable});
+}
+std::string backendName(const testing::TestParamInfo<Backend>& param);
+void PrintTo(const Backend& backend, std::ostream* out);
+inline auto bothEngines()
+{
+    return testing::Values(Backend{Engine::SQLite}, Backend{Engine::PostgreSQL});
+}
+
+// For tests that run on both statement paths of SQLite:
 inline auto bothStatementPaths()
 {
     return testing::Values(db::Database::StatementPath::Native, db::Database::StatementPath::Portable);
