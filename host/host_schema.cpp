@@ -9,8 +9,10 @@
 #include <tolvinpt/error.h>
 
 #include <QMap>
+
 #include <QSqlField>
 #include <QSqlRecord>
+#include <algorithm>
 
 namespace tolvinpt::host {
 namespace {
@@ -48,8 +50,13 @@ void markAsOurs(const QSqlDatabase& db)
 
 QStringList columnNames(const QSqlDatabase& db, const QString& table)
 {
+    // Under the name the database lists it by: a server keeps unquoted names in lower case.
+    const QStringList tables = db.tables(QSql::Tables);
+    const auto listed = std::find_if(tables.begin(), tables.end(), [&](const QString& name) {
+        return name.compare(table, Qt::CaseInsensitive) == 0;
+    });
     QStringList names;
-    const QSqlRecord record = db.record(table);
+    const QSqlRecord record = db.record(listed == tables.end() ? table : *listed);
     for (int i = 0; i < record.count(); ++i)
         names << record.fieldName(i);
     return names;

@@ -116,18 +116,18 @@ QString ListQuery::placeSelect() const
 
 QString ListQuery::where(QVariantList& values, Use use) const
 {
-    // A page walks the index of the list order and tests the filter on its entries. Written as a cast,
-    // a term stays off SQLite's index search, which would rather search the filter's index and sort every
-    // match; a server's planner sees through the cast of an integer column and keeps its statistics.
-    const auto term = [use](const char16_t* column) {
-        const QString name = QString::fromUtf16(column);
-        return use == Use::Walk ? QStringLiteral("CAST(%1 AS INTEGER)").arg(name) : name;
-    };
+    // A page walks the index of the list order and tests the filter on its entries. Written as casts,
+    // the terms stay off SQLite's index search, which would rather search the filter's index and sort
+    // every match; a server's planner sees through a cast to the column's own type. The waste-box flag
+    // is an integer (any non-zero value true) or a boolean: FALSE is 0 to the one and false to the other.
+    const bool walk = use == Use::Walk;
     QStringList conditions;
     if (!m_filter.showWasteBox)
-        conditions << term(u"InDustBox") + QStringLiteral(" = 0");
+        conditions << (walk ? QStringLiteral("NOT CAST(InDustBox AS BOOLEAN)")
+                            : QStringLiteral("InDustBox = FALSE"));
     if (m_filter.customerId) {
-        conditions << term(u"IDCustomer") + QStringLiteral(" = ?");
+        conditions << (walk ? QStringLiteral("CAST(IDCustomer AS INTEGER) = ?")
+                            : QStringLiteral("IDCustomer = ?"));
         values << *m_filter.customerId;
     }
     if (m_filter.kind)
@@ -163,7 +163,8 @@ Statement ListQuery::count() const
 Statement ListQuery::wasteBoxCount()
 {
     // Any value but 0 is true: two ranges of the index.
-    return {QStringLiteral("SELECT COUNT(*) FROM T_Delivery WHERE InDustBox < 0 OR InDustBox > 0"), {}};
+    return {QStringLiteral("SELECT COUNT(*) FROM T_Delivery WHERE InDustBox < FALSE OR InDustBox > FALSE"),
+            {}};
 }
 
 Statement ListQuery::fromEnd(const QString& select, Way way, qint64 offset, qint64 limit) const

@@ -37,8 +37,12 @@ ScopedConnection::~ScopedConnection()
 
 void runScript(const QSqlDatabase& db, const QString& script)
 {
-    for (const QString& statement : db::splitSqlScript(script))
-        execQuery(db, statement);
+    // Not prepared: a server prepares no DDL.
+    for (const QString& statement : db::splitSqlScript(script)) {
+        QSqlQuery query(db);
+        if (!query.exec(statement))
+            throw toError(query.lastError());
+    }
 }
 
 QString hostScript(const QSqlDatabase& db, const QString& name)
