@@ -108,6 +108,26 @@ TEST_F(ServerDatabaseTest, OpensAgainAndRefusesWhatIsNotOurs)
     }
 }
 
+// The reader's grants of docs/server-roles.sql: the host opens the database and lists it.
+TEST_F(ServerDatabaseTest, AReaderBrowses)
+{
+    ASSERT_EQ(open(), ExitCode::Ok);
+    const QString reader = u"reader_"_s + name;
+    execOnServer(u"CREATE ROLE %1 LOGIN; GRANT SELECT ON T_Delivery, T_DeliveryQTY, T_Company, T_OwnCode, "
+                 "T_Customer, T_CustomerSubCode, T_CustomerSettings TO %1"_s.arg(reader));
+    closeHostDatabase(onServer);
+    DatabaseLocation asReader = location();
+    asReader.server->user = reader;
+    ASSERT_EQ(openHostDatabase(asReader, onServer).code, ExitCode::Ok);
+    DeliveryListModel model(onServer);
+    model.show({});
+    EXPECT_EQ(model.rowCount(),
+              300 - test::count(connection, u"SELECT COUNT(*) FROM T_Delivery WHERE InDustBox"_s));
+    closeHostDatabase(onServer);
+    server.admin(u"DROP DATABASE %1 WITH (FORCE)"_s.arg(name));
+    server.admin(u"DROP ROLE %1"_s.arg(reader));
+}
+
 TEST(ServerCommandLine, TakesAServerUriAndRefusesAPasswordInIt)
 {
     QString out, err;
