@@ -1,7 +1,8 @@
 // Measures tolvinpt-host on delivery databases of different sizes, in the same run:
-//   tolvinpt-bench-host FILE...   (databases made by tolvinpt-bench-generate; QT_QPA_PLATFORM=offscreen)
+//   tolvinpt-bench-host FILE|URI...   (databases made by tolvinpt-bench-generate, or host databases on a
+//                                     PostgreSQL server; QT_QPA_PLATFORM=offscreen)
 // Each FILE is copied once to host-FILE beside it and made a host database there: the host's tables,
-// the demo masters and the generator's 40 buyers, the list's indexes.
+// the demo masters and the generator's 40 buyers, the list's indexes. A server database is used as it is.
 // 1. First window: from starting tolvinpt-host's start-up (this program run again as a child, through
 //    the host's own runHost) to the end of the first paint of the list, and the child's peak memory.
 // 2. After a call on 10,000 records: the entry call returns (having changed one record and added one,
@@ -192,10 +193,18 @@ struct AfterCall
     bool selectionKept = false;
 };
 
+DatabaseLocation locationOf(const QString& given)
+{
+    QString error;
+    const std::optional<ServerDatabase> server =
+        isServerUri(given) ? parseServerUri(given, error) : std::nullopt;
+    return server ? DatabaseLocation(given, *server) : DatabaseLocation(given);
+}
+
 AfterCall afterCall(const QString& file)
 {
     const QString connection = QStringLiteral("bench-host");
-    if (openHostDatabase(file, connection).code != ExitCode::Ok)
+    if (openHostDatabase(locationOf(file), connection).code != ExitCode::Ok)
         return {};
     AfterCall result;
     {
@@ -254,10 +263,17 @@ AfterCall afterCall(const QString& file)
 
 int records(const QString& file)
 {
-    ScopedConnection connection(file, QStringLiteral("QSQLITE_OPEN_READONLY"));
-    connection.db().open();
-    QSqlQuery query = execQuery(connection.db(), QStringLiteral("SELECT COUNT(*) FROM T_Delivery"));
-    return query.next() ? query.value(0).toInt() : 0;
+    const QString connection = QStringLiteral("bench-count");
+    if (openHostDatabase(locationOf(file), connection).code != ExitCode::Ok)
+        return 0;
+    int count = 0;
+    {
+        QSqlQuery query =
+            execQuery(QSqlDatabase::database(connection), QStringLiteral("SELECT COUNT(*) FROM T_Delivery"));
+        count = query.next() ? query.value(0).toInt() : 0;
+    }
+    closeHostDatabase(connection);
+    return count;
 }
 
 } // namespace
@@ -269,7 +285,9 @@ int main(int argc, char** argv)
     QApplication app(argc, argv);
     const QStringList files = app.arguments().mid(1);
     if (files.isEmpty()) {
-        std::fprintf(stderr, "usage: %s FILE... (generated databases, smallest first)\n", argv[0]);
+        std::fprintf(stderr,
+                     "usage: %s FILE|URI... (generated databases or server databases, smallest first)\n",
+                     argv[0]);
         return 2;
     }
     qputenv(ChildVariable, "1");
@@ -284,8 +302,10 @@ int main(int argc, char** argv)
         };
         QList<Figures> figures;
         for (const QString& file : files) {
-            const QString host = hostDatabase(file);
-            figures.append({QFileInfo(file).fileName(), host, records(host), {}, {}});
+            const bool server = isServerUri(file);
+            const QString host = server ? file : hostDatabase(file);
+            figures.append(
+                {server ? file.section(u'/', -1) : QFileInfo(file).fileName(), host, records(host), {}, {}});
             firstWindow(host); // warms the file cache
         }
         // The files take turns at going first, so that a change in the machine's load falls on all alike.

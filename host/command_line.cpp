@@ -27,9 +27,15 @@ CommandLine parseCommandLine(const QStringList& arguments, QTextStream& out, QTe
     const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
                                      QStringLiteral("バージョンを表示します。"));
     const QCommandLineOption database({QStringLiteral("d"), QStringLiteral("database")},
-                                      QStringLiteral("使う SQLite データベースファイル (既定: %1)。")
+                                      QStringLiteral("使う SQLite データベースファイル (既定: %1)、または "
+                                                     "PostgreSQL サーバーのデータベース "
+                                                     "(postgresql://ユーザー@ホスト:ポート/データベース名。"
+                                                     "パスワードは ~/.pgpass か PGPASSWORD で渡します)。")
                                           .arg(QDir::toNativeSeparators(defaultDatabasePath())),
-                                      QStringLiteral("FILE"));
+                                      QStringLiteral("FILE|URI"));
+    const QCommandLineOption demo(
+        QStringLiteral("demo"),
+        QStringLiteral("サーバーの空のデータベースに表を作るとき、デモデータも入れます。"));
     const QCommandLineOption pdf(QStringLiteral("print-to-pdf"),
                                  QStringLiteral("入力画面の「ﾊｰﾄﾞ ｺﾋﾟｰ」をプリンタではなく、このフォルダに "
                                                 "PDF ファイルで保存します (プリンタがないときは指定がなくても"
@@ -38,7 +44,7 @@ CommandLine parseCommandLine(const QStringList& arguments, QTextStream& out, QTe
     const QCommandLineOption preview(
         QStringLiteral("print-preview"),
         QStringLiteral("「ﾊｰﾄﾞ ｺﾋﾟｰ」を印刷プレビューで表示し、そこから印刷します。"));
-    parser.addOptions({help, version, database, pdf, preview});
+    parser.addOptions({help, version, database, demo, pdf, preview});
 
     const auto answered = [](ExitCode code) {
         CommandLine done;
@@ -74,13 +80,25 @@ CommandLine parseCommandLine(const QStringList& arguments, QTextStream& out, QTe
         commandLine.pdfFolder = folder.absoluteFilePath();
     }
     commandLine.printPreview = parser.isSet(preview);
+    commandLine.demo = parser.isSet(demo);
+    const QString given = parser.value(database);
+    if (isServerUri(given)) {
+        QString error;
+        const std::optional<ServerDatabase> server = parseServerUri(given, error);
+        if (!server) {
+            err << QStringLiteral("--database: %1").arg(error) << Qt::endl;
+            return answered(ExitCode::BadCommandLine);
+        }
+        commandLine.database = DatabaseLocation(given, *server);
+        return commandLine;
+    }
     if (parser.isSet(database)) {
-        commandLine.databasePath = parser.value(database);
+        commandLine.database = DatabaseLocation(given);
         return commandLine;
     }
     // Only our own default folder is created; a folder named by the user must exist.
-    commandLine.databasePath = defaultDatabasePath();
-    QDir().mkpath(QFileInfo(commandLine.databasePath).path());
+    commandLine.database = DatabaseLocation(defaultDatabasePath());
+    QDir().mkpath(QFileInfo(defaultDatabasePath()).path());
     return commandLine;
 }
 

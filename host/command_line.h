@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/database_location.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -11,7 +13,9 @@ namespace tolvinpt::host {
 
 struct CommandLine
 {
-    QString databasePath;
+    DatabaseLocation database;
+    // --demo: a new server database gets the demo data (a new file always does).
+    bool demo = false;
     // Hard copies go to PDF files in this folder (absolute; empty: the printer); --print-preview.
     QString pdfFolder;
     bool printPreview = false;
@@ -20,7 +24,8 @@ struct CommandLine
 };
 
 // Reads the arguments (arguments[0] is the program). --help and --version are answered on `out`,
-// errors on `err`. Without --database the file lies in the user's data folder, which is created.
+// errors on `err`. Without --database the file lies in the user's data folder, which is created. A
+// postgresql:// URI names a database on a server.
 CommandLine parseCommandLine(const QStringList& arguments, QTextStream& out, QTextStream& err);
 
 // The database file used when no --database is given: delivery.sqlite in the user's data folder.

@@ -10,8 +10,10 @@
 #include <QGuiApplication>
 #include <QPalette>
 
+#include <QSet>
+
 #include <algorithm>
-#include <cmath>
+#include <utility>
 
 namespace tolvinpt::host {
 namespace {
@@ -24,6 +26,8 @@ constexpr int kKeptPages = 24;
 QString shownDate(const QVariant& value)
 {
     const QString iso = value.toString().left(10);
+    if (iso == kNoDate)
+        return {};
     const QDate date = QDate::fromString(iso, Qt::ISODate);
     return date.isValid() ? date.toString(QStringLiteral("yyyy/MM/dd")) : iso;
 }
@@ -35,8 +39,7 @@ const ListQuery kAllRecords(ListFilter{std::nullopt, std::nullopt, true}, Id, Qt
 
 QString formatQuantity(const QVariant& value)
 {
-    // Minus infinity is the list's unknown quantity.
-    if (value.isNull() || std::isinf(value.toDouble()))
+    if (value.isNull() || value.toDouble() <= kNoQuantityValue)
         return {};
     QString text = QString::number(value.toDouble(), 'f', 3);
     while (text.endsWith(u'0'))
@@ -94,7 +97,10 @@ void DeliveryListModel::show(const ListQuery& query)
 void DeliveryListModel::refreshAfter(const QList<qint64>& ids)
 {
     const auto among = [&](const ListQuery& query) {
-        return number(query.among(QStringLiteral("COUNT(*)"), ids, false));
+        qint64 found = 0;
+        for (const Statement& statement : query.among(QStringLiteral("COUNT(*)"), ids, false))
+            found += number(statement);
+        return found;
     };
     const auto added = [&](const ListQuery& query) {
         return number(query.newerThan(QStringLiteral("COUNT(*)"), m_maxId));
@@ -160,14 +166,14 @@ QList<DeliveryListModel::Row> DeliveryListModel::readRows(int first, int count) 
     const QString select = ListQuery::rowSelect();
     const qint64 after = m_count - first - count;
     if (const Row* before = cachedRow(first - 1)) {
-        scan(m_query.from(select, ListQuery::Forward, placeOf(*before), false), take);
+        scan(m_query.from(select, ListQuery::Forward, placeOf(*before), false, count), take);
     } else if (const Row* next = cachedRow(first + count)) {
-        scan(m_query.from(select, ListQuery::Backward, placeOf(*next), false), take);
+        scan(m_query.from(select, ListQuery::Backward, placeOf(*next), false, count), take);
         std::reverse(rows.begin(), rows.end());
     } else if (first <= after) {
-        scan({m_query.fromEnd(select, ListQuery::Forward, first)}, take);
+        scan({m_query.fromEnd(select, ListQuery::Forward, first, count)}, take);
     } else {
-        scan({m_query.fromEnd(select, ListQuery::Backward, after)}, take);
+        scan({m_query.fromEnd(select, ListQuery::Backward, after, count)}, take);
         std::reverse(rows.begin(), rows.end());
     }
     return rows;
@@ -231,10 +237,13 @@ QList<qint64> DeliveryListModel::idsOfRows(const QList<RowSpan>& spans) const
                 ids << query.value(1).toLongLong();
                 return ids.size() < wanted;
             };
+            const qint64 runLength = last - row + 1;
             if (const Row* before = cachedRow(row - 1))
-                scan(m_query.from(m_query.placeSelect(), ListQuery::Forward, placeOf(*before), false), take);
+                scan(m_query.from(m_query.placeSelect(), ListQuery::Forward, placeOf(*before), false,
+                                  runLength),
+                     take);
             else
-                scan({m_query.fromEnd(m_query.placeSelect(), ListQuery::Forward, row)}, take);
+                scan({m_query.fromEnd(m_query.placeSelect(), ListQuery::Forward, row, runLength)}, take);
             if (ids.size() < wanted) // the list has fewer rows than it had when counted
                 return ids;
             row = last + 1;
@@ -245,31 +254,47 @@ QList<qint64> DeliveryListModel::idsOfRows(const QList<RowSpan>& spans) const
 
 QList<std::pair<int, qint64>> DeliveryListModel::rowsOf(const QList<qint64>& ids) const
 {
-    if (ids.isEmpty())
+    // Those that the list shows; the first of each statement's share in list order, then the first of
+    // those, until one is left.
+    QSet<qint64> shown;
+    QList<ListPlace> firsts;
+    const auto readFirsts = [&](const QList<qint64>& among) {
+        firsts.clear();
+        for (const Statement& statement : m_query.among(m_query.placeSelect(), among)) {
+            bool firstOfShare = true;
+            scan({statement}, [&](const QSqlQuery& query) {
+                const qint64 id = query.value(1).toLongLong();
+                if (std::exchange(firstOfShare, false))
+                    firsts.append({query.value(0), id});
+                shown.insert(id);
+                return true;
+            });
+        }
+    };
+    readFirsts(ids);
+    while (firsts.size() > 1) {
+        QList<qint64> firstIds;
+        for (const ListPlace& place : std::as_const(firsts))
+            firstIds << place.id;
+        readFirsts(firstIds);
+    }
+    if (firsts.isEmpty())
         return {};
-    // The places of those that the list shows, in list order.
-    QList<ListPlace> places;
-    scan({m_query.among(m_query.placeSelect(), ids)}, [&](const QSqlQuery& query) {
-        places.append({query.value(0), query.value(1).toLongLong()});
-        return true;
-    });
-    if (places.isEmpty())
-        return {};
-    // The first one's row is the count of rows before it; the rest are met walking on from there.
+    const ListPlace first = firsts.first();
+    // Its row is the count of rows before it; the rest are met walking on from there.
     qint64 row = 0;
-    scan(m_query.countBefore(places.first()), [&](const QSqlQuery& query) {
+    scan(m_query.countBefore(first), [&](const QSqlQuery& query) {
         row += query.value(0).toLongLong();
         return true;
     });
     QList<std::pair<int, qint64>> rows;
-    scan(m_query.from(m_query.placeSelect(), ListQuery::Forward, places.first(), true),
-         [&](const QSqlQuery& query) {
-             const qint64 id = query.value(1).toLongLong();
-             if (id == places.at(rows.size()).id)
-                 rows.append({int(row), id});
-             ++row;
-             return rows.size() < places.size();
-         });
+    scan(m_query.from(m_query.placeSelect(), ListQuery::Forward, first, true), [&](const QSqlQuery& query) {
+        const qint64 id = query.value(1).toLongLong();
+        if (shown.contains(id))
+            rows.append({int(row), id});
+        ++row;
+        return rows.size() < shown.size();
+    });
     return rows;
 }
 

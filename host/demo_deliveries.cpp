@@ -305,7 +305,7 @@ void DeliveryWriter::write(int serial)
          m_rng.percent(60) ? QStringLiteral("49%1").arg(serial * 7919LL, 11, 10, QChar(u'0')) : QString()},
         {QStringLiteral("F00163"),
          m_rng.percent(30) ? QStringLiteral("TK%1").arg(serial, 8, 10, QChar(u'0')) : QString()},
-        {QStringLiteral("InDustBox"), serial % kWasteBoxEvery == kWasteBoxEvery - 1 ? 1 : 0},
+        {QStringLiteral("InDustBox"), serial % kWasteBoxEvery == kWasteBoxEvery - 1}, // a flag of any engine
         {QStringLiteral("DateDeliveryPrint"),
          m_rng.percent(70) ? dateTimeOrNull(ship, 17, m_rng.below(60)) : QVariant()},
     };
@@ -314,7 +314,7 @@ void DeliveryWriter::write(int serial)
     if (!m_packages.isEmpty() && m_rng.percent(50))
         row.push_back({QStringLiteral("DateLabelPrint"), dateTimeOrNull(ship, 16, 30)});
 
-    const qint64 id = insertRow(m_db, QStringLiteral("T_Delivery"), row);
+    const qint64 id = insertRow(m_db, QStringLiteral("T_Delivery"), row, QStringLiteral("IDData"));
     for (int i = 0; i < m_packages.size(); ++i)
         insertRow(m_db, QStringLiteral("T_DeliveryQTY"),
                   {{QStringLiteral("IDData"), id},

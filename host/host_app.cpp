@@ -72,11 +72,11 @@ SchemaProgress upgradeProgress(std::unique_ptr<QProgressDialog>& dialog)
     };
 }
 
-int openOrRefuse(const QString& path, QTextStream& err, bool messageBox)
+int openOrRefuse(const DatabaseLocation& location, QTextStream& err, bool messageBox, bool demo)
 {
     std::unique_ptr<QProgressDialog> progressWindow;
     const OpenOutcome outcome = openHostDatabase(
-        path, kHostConnection, messageBox ? upgradeProgress(progressWindow) : SchemaProgress());
+        location, kHostConnection, {demo, messageBox ? upgradeProgress(progressWindow) : SchemaProgress()});
     progressWindow.reset();
     if (outcome.code == ExitCode::Ok)
         return toInt(ExitCode::Ok);
@@ -97,7 +97,7 @@ int runHost(QApplication& app, bool headless)
     if (commandLine.exitCode)
         return *commandLine.exitCode;
 
-    if (const int refused = openOrRefuse(commandLine.databasePath, err, platformShowsWindows()))
+    if (const int refused = openOrRefuse(commandLine.database, err, platformShowsWindows(), commandLine.demo))
         return refused;
     if (headless) {
         err << kApplicationName << QStringLiteral(": 画面がありません (DISPLAY が設定されていません)。")
@@ -110,7 +110,7 @@ int runHost(QApplication& app, bool headless)
     SetHardCopySettings({commandLine.pdfFolder, commandLine.printPreview});
     int status = 0;
     {
-        MainWindow window(kHostConnection, commandLine.databasePath, componentEntryCalls());
+        MainWindow window(kHostConnection, commandLine.database.given, componentEntryCalls());
         window.show();
         status = QApplication::exec();
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/database_location.h"
+
 #include <QString>
 
 class QApplication;
@@ -18,9 +20,10 @@ bool preparePlatform();
 // Application name (for the data folder), the Japanese UI font.
 void configureApplication(QApplication& app);
 
-// Opens the database at `path` as kHostConnection. A refusal is written as one line to `err` and, when
-// `messageBox` is true, shown in a message box; the result is the exit status (0 when opened).
-int openOrRefuse(const QString& path, QTextStream& err, bool messageBox);
+// Opens the database at `location` as kHostConnection (a new server database with the demo data when
+// `demo`). A refusal is written as one line to `err` and, when `messageBox` is true, shown in a message
+// box; the result is the exit status (0 when opened).
+int openOrRefuse(const DatabaseLocation& location, QTextStream& err, bool messageBox, bool demo = false);
 
 // tolvinpt-host: command line, database, host objects, the list window until it closes. `headless` is
 // the result of preparePlatform. Returns the process exit status.

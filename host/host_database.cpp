@@ -26,10 +26,14 @@ OpenOutcome refused(ExitCode code, const QString& what, const QString& path)
     return {code, QStringLiteral("%1\n%2").arg(what, QDir::toNativeSeparators(path))};
 }
 
-int pragmaValue(const QSqlDatabase& db, const QString& pragma)
+QString creationFailure(const Error& e)
 {
-    QSqlQuery query = execQuery(db, QStringLiteral("PRAGMA ") + pragma);
-    return query.next() ? query.value(0).toInt() : 0;
+    return QStringLiteral("データベースを作成できません: %1 (%2)").arg(e.description()).arg(e.number());
+}
+
+QString readFailure(const Error& e)
+{
+    return QStringLiteral("データベースを読めません: ") + e.description();
 }
 
 // "" and ":memory:" are a private temporary database to SQLite, and "file:" names are URIs to it (with
@@ -48,6 +52,25 @@ bool holdsAllTables(const QSqlDatabase& db)
     return true;
 }
 
+// The checks that an existing database is one of ours, of a version this host knows, with every column.
+OpenOutcome checkOurs(const QSqlDatabase& db, const QString& shown)
+{
+    const HostMarks marks = readMarks(db);
+    if (marks.applicationId != kApplicationId || !holdsAllTables(db))
+        return refused(ExitCode::ForeignDatabase,
+                       QStringLiteral("tolvinpt-host のデータベースではありません。"), shown);
+    if (marks.version > kSchemaVersion)
+        return refused(ExitCode::NewerDatabase,
+                       QStringLiteral("このデータベースは新しい版の tolvinpt-host で作られています。"),
+                       shown);
+    if (const QStringList missing = missingColumns(db); !missing.isEmpty())
+        return refused(ExitCode::MissingColumns,
+                       QStringLiteral("データベースの表に必要な列がありません: ") +
+                           missing.join(QStringLiteral(", ")),
+                       shown);
+    return {};
+}
+
 // Looks at an existing file without writing to it.
 OpenOutcome inspect(const QString& path)
 {
@@ -56,27 +79,13 @@ OpenOutcome inspect(const QString& path)
     if (!db.open())
         return refused(ExitCode::CannotOpen, QStringLiteral("データベースを開けません。"), path);
     try {
-        if (pragmaValue(db, QStringLiteral("application_id")) != kApplicationId || !holdsAllTables(db))
-            return refused(ExitCode::ForeignDatabase,
-                           QStringLiteral("このファイルは tolvinpt-host のデータベースではありません。"),
-                           path);
-        if (pragmaValue(db, QStringLiteral("user_version")) > kSchemaVersion)
-            return refused(ExitCode::NewerDatabase,
-                           QStringLiteral("このデータベースは新しい版の tolvinpt-host で作られています。"),
-                           path);
-        if (const QStringList missing = missingColumns(db); !missing.isEmpty())
-            return refused(ExitCode::MissingColumns,
-                           QStringLiteral("データベースの表に必要な列がありません: ") +
-                               missing.join(QStringLiteral(", ")),
-                           path);
+        return checkOurs(db, path);
     } catch (const Error& e) {
         if (e.number() == kSqliteNotADatabase)
             return refused(ExitCode::NotADatabase,
                            QStringLiteral("このファイルは SQLite のデータベースではありません。"), path);
-        return refused(ExitCode::CannotOpen, QStringLiteral("データベースを読めません: ") + e.description(),
-                       path);
+        return refused(ExitCode::CannotOpen, readFailure(e), path);
     }
-    return {};
 }
 
 Error lastError(const QSqlDatabase& db)
@@ -144,19 +153,61 @@ OpenOutcome create(const QString& path, const QString& connectionName)
         // The file is ours and unfinished: leave nothing half made behind.
         QFile::remove(path);
         QFile::remove(path + QStringLiteral("-journal"));
-        return refused(
-            ExitCode::CannotOpen,
-            QStringLiteral("データベースを作成できません: %1 (%2)").arg(e.description()).arg(e.number()),
-            path);
+        return refused(ExitCode::CannotOpen, creationFailure(e), path);
     }
     return {};
 }
 
+bool openServerConnection(const ServerDatabase& server, const QString& connectionName)
+{
+    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), connectionName);
+    db.setHostName(server.host);
+    db.setPort(server.port);
+    db.setUserName(server.user);
+    db.setDatabaseName(server.name);
+    db.setConnectOptions(server.options);
+    return db.open();
+}
+
+// A database on a server: an empty one gets our tables (and the demo data when asked for), any other
+// must be ours. The password comes from libpq's password file or environment.
+OpenOutcome openServer(const DatabaseLocation& location, const QString& connectionName,
+                       const OpenOptions& options)
+{
+    if (!openServerConnection(*location.server, connectionName)) {
+        const QString reason = QSqlDatabase::database(connectionName, false).lastError().text().trimmed();
+        closeHostDatabase(connectionName);
+        return refused(ExitCode::CannotOpen,
+                       QStringLiteral("データベースサーバーに接続できません: ") + reason, location.given);
+    }
+    OpenOutcome outcome;
+    bool creating = false;
+    try {
+        const QSqlDatabase db = QSqlDatabase::database(connectionName, false);
+        creating = db.tables(QSql::Tables).isEmpty();
+        if (creating)
+            inTransaction(connectionName, options.demo ? buildNew : createHostSchema);
+        else
+            outcome = checkOurs(db, location.given);
+    } catch (const Error& e) {
+        outcome =
+            refused(ExitCode::CannotOpen, creating ? creationFailure(e) : readFailure(e), location.given);
+    }
+    if (outcome.code != ExitCode::Ok) {
+        closeHostDatabase(connectionName);
+        return outcome;
+    }
+    return creating ? outcome : upgrade(location.given, connectionName, options.progress);
+}
+
 } // namespace
 
-OpenOutcome openHostDatabase(const QString& path, const QString& connectionName,
-                             const SchemaProgress& progress)
+OpenOutcome openHostDatabase(const DatabaseLocation& location, const QString& connectionName,
+                             const OpenOptions& options)
 {
+    if (location.isServer())
+        return openServer(location, connectionName, options);
+    const QString& path = location.given;
     if (!namesAFile(path))
         return refused(ExitCode::CannotOpen,
                        QStringLiteral("データベースにはファイルを指定してください。"
@@ -183,7 +234,7 @@ OpenOutcome openHostDatabase(const QString& path, const QString& connectionName,
         closeHostDatabase(connectionName);
         return refused(ExitCode::CannotOpen, QStringLiteral("データベースを開けません。"), path);
     }
-    return upgrade(path, connectionName, progress);
+    return upgrade(path, connectionName, options.progress);
 }
 
 void closeHostDatabase(const QString& connectionName)

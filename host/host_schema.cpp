@@ -3,20 +3,32 @@
 #include "host/list_query.h"
 #include "host/sql_script.h"
 
+#include "platform/sql/sql_dialect.h"
+#include "store/schema.h"
+
+#include <tolvinpt/error.h>
+
 #include <QMap>
+
+#include <QSqlField>
+#include <QSqlRecord>
+#include <algorithm>
 
 namespace tolvinpt::host {
 namespace {
 
 void createDeliveryTables(const QSqlDatabase& db)
 {
-    // The delivery tables come from the component's own DDL file, compiled into our resources.
-    runScript(db, readResource(QStringLiteral(":/tolvinpt-host/delivery_schema.sql")));
+    // The delivery tables come from the component's own DDL file for the engine.
+    const db::SqlDialect* dialect = db::SqlDialect::of(db);
+    if (!dialect)
+        throw Error(QStringLiteral("No SQL dialect for the driver ") + db.driverName(), 0);
+    runScript(db, deliverySchemaScript(*dialect));
 }
 
 void createOwnTables(const QSqlDatabase& db)
 {
-    runScript(db, readResource(QStringLiteral(":/tolvinpt-host/host_tables.sql")));
+    runScript(db, hostScript(db, QStringLiteral("host_tables.sql")));
 }
 
 void createListIndexes(const QSqlDatabase& db, const SchemaProgress& progress = {})
@@ -33,18 +45,20 @@ void createListIndexes(const QSqlDatabase& db, const SchemaProgress& progress = 
 
 void markAsOurs(const QSqlDatabase& db)
 {
-    // Both marks live in the file header and take part in the transaction.
-    runScript(db, QStringLiteral("PRAGMA application_id = %1; PRAGMA user_version = %2;")
-                      .arg(kApplicationId)
-                      .arg(kSchemaVersion));
+    runScript(db, hostScript(db, QStringLiteral("write_marks.sql")).arg(kApplicationId).arg(kSchemaVersion));
 }
 
 QStringList columnNames(const QSqlDatabase& db, const QString& table)
 {
+    // Under the name the database lists it by: a server keeps unquoted names in lower case.
+    const QStringList tables = db.tables(QSql::Tables);
+    const auto listed = std::find_if(tables.begin(), tables.end(), [&](const QString& name) {
+        return name.compare(table, Qt::CaseInsensitive) == 0;
+    });
     QStringList names;
-    QSqlQuery query = execQuery(db, QStringLiteral("SELECT name FROM pragma_table_info(?)"), {table});
-    while (query.next())
-        names << query.value(0).toString();
+    const QSqlRecord record = db.record(listed == tables.end() ? table : *listed);
+    for (int i = 0; i < record.count(); ++i)
+        names << record.fieldName(i);
     return names;
 }
 
@@ -70,6 +84,14 @@ QStringList requiredTables()
             QStringLiteral("T_Company"),         QStringLiteral("T_OwnCode"),
             QStringLiteral("T_Customer"),        QStringLiteral("T_CustomerSubCode"),
             QStringLiteral("T_CustomerSettings")};
+}
+
+HostMarks readMarks(const QSqlDatabase& db)
+{
+    QSqlQuery query = execQuery(db, hostScript(db, QStringLiteral("read_marks.sql")));
+    if (!query.next())
+        return {};
+    return {query.value(0).toInt(), query.value(1).toInt()};
 }
 
 QStringList missingColumns(const QSqlDatabase& db)
@@ -100,13 +122,14 @@ void addHostTables(const QSqlDatabase& db)
 
 bool needsUpgrade(const QSqlDatabase& db)
 {
-    QSqlQuery query = execQuery(db, QStringLiteral("PRAGMA user_version"));
-    return query.next() && query.value(0).toInt() < kSchemaVersion;
+    return readMarks(db).version < kSchemaVersion;
 }
 
 void upgradeHostSchema(const QSqlDatabase& db, const SchemaProgress& progress)
 {
-    // Version 1 had no indexes for the list.
+    // Version 1 had no indexes for the list, version 2 had them on other expressions.
+    for (const QString& index : listIndexNames())
+        runScript(db, QStringLiteral("DROP INDEX IF EXISTS ") + index);
     createListIndexes(db, progress);
     markAsOurs(db);
 }

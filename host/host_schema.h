@@ -7,11 +7,20 @@
 
 namespace tolvinpt::host {
 
-// Marks a SQLite file as this host's (PRAGMA application_id): "TLVH".
+// Marks a database as this host's: "TLVH" (a file keeps it as PRAGMA application_id).
 inline constexpr int kApplicationId = 0x544C5648;
-// Layout version of the host's database (PRAGMA user_version); raised when the layout changes.
-// 2: the indexes of the delivery list.
-inline constexpr int kSchemaVersion = 2;
+// Layout version of the host's database (a file keeps it as PRAGMA user_version); raised when the layout
+// changes. 2: the indexes of the delivery list. 3: those indexes on expressions that every engine reads.
+inline constexpr int kSchemaVersion = 3;
+
+// The marks of a database: this host's application id and the layout version, 0 where there are none.
+struct HostMarks
+{
+    int applicationId = 0;
+    int version = 0;
+};
+// Throws tolvinpt::Error.
+HostMarks readMarks(const QSqlDatabase& db);
 
 // Every table that a host database holds: the delivery tables and the host's own.
 QStringList requiredTables();

@@ -19,20 +19,20 @@ QList<ColumnSql> buildColumns()
     return {
         {u"ID", u"Id", QStringLiteral("IDData")},
         // Customers sort in the order of the customer master, as the customer filter lists them.
-        {u"得意先", u"Customer", QStringLiteral("IFNULL(IDCustomer, 0)")},
+        {u"得意先", u"Customer", QStringLiteral("COALESCE(IDCustomer, 0)")},
         {u"種別", u"Kind", kindExpression()},
-        {u"注文番号", u"OrderNumber", QStringLiteral("IFNULL(F00007, '')")},
-        {u"納品ｷｰ番号", u"DeliveryKey", QStringLiteral("IFNULL(F00159, '')")},
+        {u"注文番号", u"OrderNumber", QStringLiteral("COALESCE(F00007, '')")},
+        {u"納品ｷｰ番号", u"DeliveryKey", QStringLiteral("COALESCE(F00159, '')")},
         // The full-width item name reads best; hand input may carry only the half-width one.
         {u"品名", u"ItemName", QStringLiteral("COALESCE(NULLIF(F00262, ''), F00022, '')")},
-        // An unknown quantity comes first, as an empty text does (-9e999 is minus infinity).
-        {u"納入数量", u"Quantity", QStringLiteral("IFNULL(F00036, -9e999)")},
-        {u"単位", u"Unit", QStringLiteral("IFNULL(F00012, '')")},
+        // An unknown quantity or date comes first, as an empty text does.
+        {u"納入数量", u"Quantity", QStringLiteral("COALESCE(F00036, %1)").arg(kNoQuantity)},
+        {u"単位", u"Unit", QStringLiteral("COALESCE(F00012, '')")},
         // Yen is stored as empty text, blanks or Null and shown as JPY.
-        {u"通貨", u"Currency", QStringLiteral("IFNULL(NULLIF(TRIM(F00281), ''), 'JPY')")},
-        {u"納期", u"DueDate", QStringLiteral("IFNULL(F00031, '')")},
-        {u"出荷日", u"ShipDate", QStringLiteral("IFNULL(F00039, '')")},
-        {u"納入日", u"DeliveryDate", QStringLiteral("IFNULL(F00040, '')")},
+        {u"通貨", u"Currency", QStringLiteral("COALESCE(NULLIF(TRIM(F00281), ''), 'JPY')")},
+        {u"納期", u"DueDate", QStringLiteral("COALESCE(F00031, '%1')").arg(kNoDate)},
+        {u"出荷日", u"ShipDate", QStringLiteral("COALESCE(F00039, '%1')").arg(kNoDate)},
+        {u"納入日", u"DeliveryDate", QStringLiteral("COALESCE(F00040, '%1')").arg(kNoDate)},
     };
 }
 
@@ -50,16 +50,16 @@ QString indexName(int column)
 // The filter's columns, carried by every index of the list so that the filter never reads the table.
 const QString kFilterColumns = QStringLiteral("InDustBox, IDCustomer, F00002, F00030");
 const QString kFilterIndex = QStringLiteral("IX_DeliveryList_Filter");
-// The smallest index of the table: SQLite counts all records through it, and the waste box is a range of it.
+// The smallest index of the table: all records are counted through it, and the waste box is a range of it.
 const QString kWasteBoxIndex = QStringLiteral("IX_DeliveryList_WasteBox");
 
-QString jsonArray(const QList<qint64>& ids)
+// Ids bound per statement, well below what every engine takes.
+constexpr qsizetype kIdsPerStatement = 1000;
+
+QString placeholders(qsizetype count)
 {
-    QStringList numbers;
-    numbers.reserve(ids.size());
-    for (qint64 id : ids)
-        numbers << QString::number(id);
-    return u'[' + numbers.join(u',') + u']';
+    QStringList marks(count, QStringLiteral("?"));
+    return marks.join(u", ");
 }
 
 } // namespace
@@ -69,14 +69,23 @@ QString columnHeader(int column)
     return QString::fromUtf16(columns().at(column).header);
 }
 
+QStringList listIndexNames()
+{
+    QStringList names{kWasteBoxIndex, kFilterIndex};
+    for (int column = 0; column < ListColumnCount; ++column)
+        names << indexName(column);
+    return names;
+}
+
 QStringList listIndexStatements()
 {
     const QString create = QStringLiteral("CREATE INDEX IF NOT EXISTS %1 ON T_Delivery (%2)");
     QStringList statements{create.arg(kWasteBoxIndex, QStringLiteral("InDustBox")),
                            create.arg(kFilterIndex, kFilterColumns)};
     for (int column = 0; column < ListColumnCount; ++column) {
-        const QString leading =
-            column == Id ? QStringLiteral("IDData") : ListQuery::value(column) + QStringLiteral(", IDData");
+        // An expression in parentheses: the form every engine takes.
+        const QString leading = column == Id ? QStringLiteral("IDData")
+                                             : u'(' + ListQuery::value(column) + QStringLiteral("), IDData");
         statements << create.arg(indexName(column), leading + QStringLiteral(", ") + kFilterColumns);
     }
     return statements;
@@ -105,13 +114,20 @@ QString ListQuery::placeSelect() const
     return value(m_column) + QStringLiteral(", IDData");
 }
 
-QString ListQuery::where(QVariantList& values) const
+QString ListQuery::where(QVariantList& values, Use use) const
 {
+    // A page walks the index of the list order and tests the filter on its entries. Written as casts,
+    // the terms stay off SQLite's index search, which would rather search the filter's index and sort
+    // every match; a server's planner sees through a cast to the column's own type. The waste-box flag
+    // is an integer (any non-zero value true) or a boolean: FALSE is 0 to the one and false to the other.
+    const bool walk = use == Use::Walk;
     QStringList conditions;
     if (!m_filter.showWasteBox)
-        conditions << QStringLiteral("InDustBox = 0");
+        conditions << (walk ? QStringLiteral("NOT CAST(InDustBox AS BOOLEAN)")
+                            : QStringLiteral("InDustBox = FALSE"));
     if (m_filter.customerId) {
-        conditions << QStringLiteral("IDCustomer = ?");
+        conditions << (walk ? QStringLiteral("CAST(IDCustomer AS INTEGER) = ?")
+                            : QStringLiteral("IDCustomer = ?"));
         values << *m_filter.customerId;
     }
     if (m_filter.kind)
@@ -121,9 +137,9 @@ QString ListQuery::where(QVariantList& values) const
 
 QString ListQuery::base(const QString& select, QVariantList& values) const
 {
-    const QString conditions = where(values);
-    return QStringLiteral("SELECT %1 FROM T_Delivery INDEXED BY %2 WHERE %3")
-        .arg(select, indexName(m_column), conditions.isEmpty() ? QStringLiteral("1") : conditions);
+    const QString conditions = where(values, Use::Walk);
+    return QStringLiteral("SELECT %1 FROM T_Delivery WHERE %2")
+        .arg(select, conditions.isEmpty() ? QStringLiteral("1 = 1") : conditions);
 }
 
 QString ListQuery::orderBy(Way way) const
@@ -138,85 +154,95 @@ QString ListQuery::orderBy(Way way) const
 Statement ListQuery::count() const
 {
     QVariantList values;
-    const QString conditions = where(values);
+    const QString conditions = where(values, Use::Search);
     if (conditions.isEmpty())
         return {QStringLiteral("SELECT COUNT(*) FROM T_Delivery"), {}};
-    return {QStringLiteral("SELECT COUNT(*) FROM T_Delivery INDEXED BY %1 WHERE %2")
-                .arg(kFilterIndex, conditions),
-            values};
+    return {QStringLiteral("SELECT COUNT(*) FROM T_Delivery WHERE %1").arg(conditions), values};
 }
 
 Statement ListQuery::wasteBoxCount()
 {
     // Any value but 0 is true: two ranges of the index.
-    return {
-        QStringLiteral("SELECT COUNT(*) FROM T_Delivery INDEXED BY %1 WHERE InDustBox < 0 OR InDustBox > 0")
-            .arg(kWasteBoxIndex),
-        {}};
+    return {QStringLiteral("SELECT COUNT(*) FROM T_Delivery WHERE InDustBox < FALSE OR InDustBox > FALSE"),
+            {}};
 }
 
-Statement ListQuery::fromEnd(const QString& select, Way way, qint64 offset) const
+Statement ListQuery::fromEnd(const QString& select, Way way, qint64 offset, qint64 limit) const
 {
     Statement statement;
-    statement.sql = base(select, statement.values) + orderBy(way) + QStringLiteral(" LIMIT -1 OFFSET ?");
-    statement.values << offset;
+    statement.sql = base(select, statement.values) + orderBy(way) + QStringLiteral(" LIMIT ? OFFSET ?");
+    statement.values << limit << offset;
     return statement;
 }
 
 QList<Statement> ListQuery::beyond(const QString& select, Way way, const ListPlace& place, bool inclusive,
-                                   bool ordered) const
+                                   bool ordered, std::optional<qint64> limit) const
 {
+    // A server sends every row of a result: a page asks for no more rows than it takes.
+    const QString limited = limit ? QStringLiteral(" LIMIT ?") : QString();
     const QString after = ascending(way) ? QStringLiteral(">") : QStringLiteral("<");
     const QString idBeyond =
         QStringLiteral(" AND IDData ") + after + (inclusive ? QStringLiteral("= ?") : QStringLiteral(" ?"));
     if (m_column == Id) {
         Statement rest;
-        rest.sql = base(select, rest.values) + idBeyond + (ordered ? orderBy(way) : QString());
+        rest.sql = base(select, rest.values) + idBeyond + (ordered ? orderBy(way) : QString()) + limited;
         rest.values << place.id;
+        if (limit)
+            rest.values << *limit;
         return {rest};
     }
     const QString direction = ascending(way) ? QStringLiteral(" ASC") : QStringLiteral(" DESC");
     Statement same;
     same.sql = base(select, same.values) + QStringLiteral(" AND ") + value(m_column) +
                QStringLiteral(" = ?") + idBeyond +
-               (ordered ? QStringLiteral(" ORDER BY IDData") + direction : QString());
+               (ordered ? QStringLiteral(" ORDER BY IDData") + direction : QString()) + limited;
     same.values << place.key << place.id;
     Statement rest;
     rest.sql = base(select, rest.values) + QStringLiteral(" AND ") + value(m_column) + u' ' + after +
-               QStringLiteral(" ?") + (ordered ? orderBy(way) : QString());
+               QStringLiteral(" ?") + (ordered ? orderBy(way) : QString()) + limited;
     rest.values << place.key;
+    if (limit) {
+        same.values << *limit;
+        rest.values << *limit;
+    }
     return {same, rest};
 }
 
-QList<Statement> ListQuery::from(const QString& select, Way way, const ListPlace& place, bool inclusive) const
+QList<Statement> ListQuery::from(const QString& select, Way way, const ListPlace& place, bool inclusive,
+                                 std::optional<qint64> limit) const
 {
-    return beyond(select, way, place, inclusive, true);
+    return beyond(select, way, place, inclusive, true, limit);
 }
 
 QList<Statement> ListQuery::countBefore(const ListPlace& place) const
 {
-    return beyond(QStringLiteral("COUNT(*)"), Backward, place, false, false);
+    return beyond(QStringLiteral("COUNT(*)"), Backward, place, false, false, std::nullopt);
 }
 
-Statement ListQuery::among(const QString& select, const QList<qint64>& ids, bool ordered) const
+QList<Statement> ListQuery::among(const QString& select, const QList<qint64>& ids, bool ordered) const
 {
-    // NOT INDEXED: looked up by rowid, then sorted; the column's index would be scanned in full.
-    Statement statement;
-    const QString conditions = where(statement.values);
-    statement.sql =
-        QStringLiteral("SELECT %1 FROM T_Delivery NOT INDEXED WHERE IDData IN "
-                       "(SELECT value FROM json_each(?))%2")
-            .arg(select, conditions.isEmpty() ? QString() : QStringLiteral(" AND ") + conditions) +
-        (ordered ? orderBy(Forward) : QString());
-    statement.values.prepend(jsonArray(ids));
-    return statement;
+    // Looked up by IDData, then sorted.
+    QList<Statement> statements;
+    for (qsizetype first = 0; first < ids.size(); first += kIdsPerStatement) {
+        const QList<qint64> share = ids.mid(first, kIdsPerStatement);
+        Statement statement;
+        for (qint64 id : share)
+            statement.values << id;
+        const QString conditions = where(statement.values, Use::Walk);
+        statement.sql = QStringLiteral("SELECT %1 FROM T_Delivery WHERE IDData IN (%2)%3")
+                            .arg(select, placeholders(share.size()),
+                                 conditions.isEmpty() ? QString() : QStringLiteral(" AND ") + conditions) +
+                        (ordered ? orderBy(Forward) : QString());
+        statements << statement;
+    }
+    return statements;
 }
 
 Statement ListQuery::newerThan(const QString& select, qint64 id) const
 {
     Statement statement;
     statement.values << id;
-    const QString conditions = where(statement.values);
+    const QString conditions = where(statement.values, Use::Search);
     statement.sql = QStringLiteral("SELECT %1 FROM T_Delivery WHERE IDData > ?%2")
                         .arg(select, conditions.isEmpty() ? QString() : QStringLiteral(" AND ") + conditions);
     return statement;

@@ -8,6 +8,11 @@
 
 namespace tolvinpt::host {
 
+// What the list shows and sorts by for an unknown quantity and an unknown date: below any real one.
+inline constexpr double kNoQuantityValue = -1e308;
+inline const QString kNoQuantity = QStringLiteral("-1e308");
+inline const QString kNoDate = QStringLiteral("0001-01-01");
+
 // The columns of the delivery list, left to right.
 enum ListColumn : int {
     Id,
@@ -70,15 +75,18 @@ public:
     Statement count() const;
     // The records in the waste box: few, so the usual list (all but those) is counted as the difference.
     static Statement wasteBoxCount();
-    // `select` of the rows in list order (or against it), skipping `offset` rows from that end.
-    Statement fromEnd(const QString& select, Way way, qint64 offset) const;
+    // `select` of `limit` rows in list order (or against it), skipping `offset` rows from that end.
+    Statement fromEnd(const QString& select, Way way, qint64 offset, qint64 limit) const;
     // `select` of the rows beyond `place` (and `place` itself when `inclusive`) as two statements: those
-    // that share its key, by IDData, then those with a key beyond it. A unique key needs only the second.
-    QList<Statement> from(const QString& select, Way way, const ListPlace& place, bool inclusive) const;
+    // that share its key, by IDData, then those with a key beyond it, each of at most `limit` rows. A
+    // unique key needs only the second.
+    QList<Statement> from(const QString& select, Way way, const ListPlace& place, bool inclusive,
+                          std::optional<qint64> limit = std::nullopt) const;
     // The same as counts (summed, they count the rows before `place`).
     QList<Statement> countBefore(const ListPlace& place) const;
-    // `select` of the records among `ids` that pass the filter, in list order when `ordered`.
-    Statement among(const QString& select, const QList<qint64>& ids, bool ordered = true) const;
+    // `select` of the records among `ids` that pass the filter, in list order when `ordered`, as one
+    // statement per thousand ids.
+    QList<Statement> among(const QString& select, const QList<qint64>& ids, bool ordered = true) const;
     // `select` of the records above IDData `id` that pass the filter.
     Statement newerThan(const QString& select, qint64 id) const;
 
@@ -90,19 +98,22 @@ public:
     QString placeSelect() const;
 
 private:
-    QString where(QVariantList& values) const;
+    // Search: the filter's index may serve the terms. Walk: the index of the list order is walked.
+    enum class Use { Search, Walk };
+    QString where(QVariantList& values, Use use) const;
     QString orderBy(Way way) const;
     bool ascending(Way way) const { return (way == Forward) == (m_order == Qt::AscendingOrder); }
     QString base(const QString& select, QVariantList& values) const;
     QList<Statement> beyond(const QString& select, Way way, const ListPlace& place, bool inclusive,
-                            bool ordered) const;
+                            bool ordered, std::optional<qint64> limit) const;
 
     ListFilter m_filter;
     int m_column = Id;
     Qt::SortOrder m_order = Qt::AscendingOrder;
 };
 
-// CREATE INDEX IF NOT EXISTS statements for the list's indexes.
+// CREATE INDEX IF NOT EXISTS statements for the list's indexes, and their names.
 QStringList listIndexStatements();
+QStringList listIndexNames();
 
 } // namespace tolvinpt::host

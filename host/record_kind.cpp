@@ -23,14 +23,23 @@ QString quoted(QStringView text)
     return u'\'' + text.toString() + u'\'';
 }
 
-// Built from the component's kind table, so the list and the entry form always agree. The columns are
-// COLLATE NOCASE: the codes compare as BINARY, as the component compares them.
+// The column as plain text: a column's own rule of equality may ignore letter case, a concatenation's
+// never does, on any engine.
+QString exact(const QString& column)
+{
+    return u'(' + column + QStringLiteral(" || '')");
+}
+
+// Built from the component's kind table, so the list and the entry form always agree. The codes compare
+// exactly, as the component compares them.
 QList<ListKind> buildKinds()
 {
-    const auto codeIs = [](QStringView code) {
-        return QStringLiteral("F00002 = %1 COLLATE BINARY").arg(quoted(code));
+    const QString f00002 = exact(QStringLiteral("F00002"));
+    const auto codeIs = [&](QStringView code) -> QString {
+        return f00002 + QStringLiteral(" = ") + quoted(code);
     };
-    const QString awaiting = QStringLiteral("F00030 = %1 COLLATE BINARY").arg(quoted(kAwaitingInstruction));
+    const QString awaiting =
+        exact(QStringLiteral("F00030")) + QStringLiteral(" = ") + quoted(kAwaitingInstruction);
     QList<ListKind> kinds;
     QStringList codes;
     for (const RecordKindEntry& entry : recordKindTable()) {
@@ -38,14 +47,13 @@ QList<ListKind> buildKinds()
         if (entry.kind == RecordKind::OrderInfo) {
             kinds.prepend(
                 {recordKindCaption(entry.kind, kAwaitingInstruction), condition + u" AND " + awaiting});
-            condition += QStringLiteral(" AND NOT IFNULL(%1, 0)").arg(awaiting);
+            condition += QStringLiteral(" AND NOT COALESCE(%1, FALSE)").arg(awaiting);
         }
         kinds.append({recordKindCaption(entry.kind, std::nullopt), condition});
         codes << quoted(entry.code);
     }
-    kinds.append(
-        {recordKindCaption(RecordKind::ManualInput, std::nullopt),
-         QStringLiteral("(F00002 IS NULL OR F00002 COLLATE BINARY NOT IN (%1))").arg(codes.join(u", "))});
+    kinds.append({recordKindCaption(RecordKind::ManualInput, std::nullopt),
+                  QStringLiteral("(F00002 IS NULL OR %1 NOT IN (%2))").arg(f00002, codes.join(u", "))});
     return kinds;
 }
 

@@ -1,26 +1,18 @@
 #include "host/sql_script.h"
 
+#include "platform/sql/database.h"
+#include "platform/sql/sql_dialect.h"
+
 #include <tolvinpt/error.h>
 
 #include <QFile>
-#include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QStringList>
 #include <QUuid>
 
-#include <sqlite3.h>
-
 namespace tolvinpt::host {
 namespace {
-
-sqlite3* sqliteHandle(const QSqlDatabase& db)
-{
-    const QVariant handle = db.driver() ? db.driver()->handle() : QVariant();
-    if (!handle.isValid() || qstrcmp(handle.typeName(), "sqlite3*") != 0)
-        throw Error(QStringLiteral("Not a SQLite connection"), 0);
-    return *static_cast<sqlite3* const*>(handle.constData());
-}
 
 Error toError(const QSqlError& error)
 {
@@ -45,15 +37,20 @@ ScopedConnection::~ScopedConnection()
 
 void runScript(const QSqlDatabase& db, const QString& script)
 {
-    // sqlite3_exec runs a whole script, trigger bodies included, without our own statement splitting.
-    sqlite3* handle = sqliteHandle(db);
-    char* message = nullptr;
-    const int rc = sqlite3_exec(handle, script.toUtf8().constData(), nullptr, nullptr, &message);
-    if (rc != SQLITE_OK) {
-        const QString text = QString::fromUtf8(message ? message : sqlite3_errstr(rc));
-        sqlite3_free(message);
-        throw Error(text, rc);
+    // Not prepared: a server prepares no DDL.
+    for (const QString& statement : db::splitSqlScript(script)) {
+        QSqlQuery query(db);
+        if (!query.exec(statement))
+            throw toError(query.lastError());
     }
+}
+
+QString hostScript(const QSqlDatabase& db, const QString& name)
+{
+    const db::SqlDialect* dialect = db::SqlDialect::of(db);
+    if (!dialect)
+        throw Error(QStringLiteral("No SQL dialect for the driver ") + db.driverName(), 0);
+    return readResource(QStringLiteral(":/tolvinpt-host/%1/%2").arg(dialect->scriptFolder(), name));
 }
 
 QString readResource(const QString& path)
@@ -64,7 +61,8 @@ QString readResource(const QString& path)
     return QString::fromUtf8(file.readAll());
 }
 
-qint64 insertRow(const QSqlDatabase& db, const QString& table, const ColumnValues& values)
+qint64 insertRow(const QSqlDatabase& db, const QString& table, const ColumnValues& values,
+                 const QString& keyColumn)
 {
     QStringList columns;
     QStringList marks;
@@ -74,12 +72,13 @@ qint64 insertRow(const QSqlDatabase& db, const QString& table, const ColumnValue
         marks << QStringLiteral("?");
         bound << value;
     }
-    return execQuery(db,
-                     QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
-                         .arg(table, columns.join(u", "), marks.join(u", ")),
-                     bound)
-        .lastInsertId()
-        .toLongLong();
+    // RETURNING: a server driver knows no last insert id.
+    QSqlQuery query = execQuery(
+        db,
+        QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)").arg(table, columns.join(u", "), marks.join(u", ")) +
+            (keyColumn.isEmpty() ? QString() : QStringLiteral(" RETURNING ") + keyColumn),
+        bound);
+    return query.next() ? query.value(0).toLongLong() : 0;
 }
 
 QSqlQuery execQuery(const QSqlDatabase& db, const QString& sql, const QVariantList& values)

@@ -28,14 +28,17 @@ private:
     QString m_name;
 };
 
-// Runs every statement of a SQL script (as found in the .sql resources) on the SQLite connection `db`.
-// Throws tolvinpt::Error with SQLite's message and error code on the first failing statement.
+// Runs every statement of a SQL script (as found in the .sql resources) on `db`, in turn. Throws
+// tolvinpt::Error with the engine's message and error code on the first failing statement.
 void runScript(const QSqlDatabase& db, const QString& script);
+// The host's script `name` for the engine of `db` (":/tolvinpt-host/<engine folder>/<name>").
+QString hostScript(const QSqlDatabase& db, const QString& name);
 // Reads a text resource such as ":/tolvinpt-host/schema.sql"; throws tolvinpt::Error when it is missing.
 QString readResource(const QString& path);
-// INSERT INTO table (columns) VALUES (bound values) and returns the new row's id; throws
-// tolvinpt::Error on failure.
-qint64 insertRow(const QSqlDatabase& db, const QString& table, const ColumnValues& values);
+// INSERT INTO table (columns) VALUES (bound values); returns the value the engine gave `keyColumn`, if
+// one is named. Throws tolvinpt::Error on failure.
+qint64 insertRow(const QSqlDatabase& db, const QString& table, const ColumnValues& values,
+                 const QString& keyColumn = {});
 // Runs one statement with bound values and returns the executed query, forward only; throws
 // tolvinpt::Error on failure.
 QSqlQuery execQuery(const QSqlDatabase& db, const QString& sql, const QVariantList& values = {});

@@ -89,7 +89,7 @@ void make(const Refusal& refusal, const QString& path)
 }
 
 constexpr const char16_t* NoFile = u"データベースにはファイルを指定してください";
-constexpr const char16_t* NotOurs = u"このファイルは tolvinpt-host のデータベースではありません";
+constexpr const char16_t* NotOurs = u"tolvinpt-host のデータベースではありません";
 // clang-format off
 const Refusal kRefusals[] = {
     {"NoName", "", Made::Nothing, {}, ExitCode::CannotOpen, NoFile},

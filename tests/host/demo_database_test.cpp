@@ -31,7 +31,7 @@ TEST_F(DemoDatabase, OfAnEarlierVersionOpensAndIsBroughtUpToDate)
     closeHostDatabase(connection);
     QList<std::pair<int, int>> progress;
     const auto report = [&](int done, int total) { progress.append({done, total}); };
-    ASSERT_EQ(openHostDatabase(path, connection, report).code, ExitCode::Ok);
+    ASSERT_EQ(openHostDatabase(path, connection, {false, report}).code, ExitCode::Ok);
     EXPECT_EQ(schema(), fresh);
     // Reported from the first step to the last, one step at a time.
     ASSERT_FALSE(progress.isEmpty());
