@@ -115,6 +115,42 @@ QString TempDatabase::readOnlyUser()
     return role;
 }
 
+QString TempDatabase::EngineError::shown(bool blank) const
+{
+    return description + (blank ? u" ("_s : u"("_s) + QString::number(number) + u')';
+}
+
+void TempDatabase::refuseWrites(const QString& event, const QString& table, const QString& text,
+                                const QString& condition)
+{
+    if (engine() == Engine::SQLite) {
+        db().execute(u"CREATE TRIGGER refuse_%1 BEFORE %2 ON %1 %3 BEGIN SELECT RAISE(ABORT, '%4'); END"_s.arg(
+            table, event, condition.isEmpty() ? QString() : u"WHEN "_s + condition, text));
+        return;
+    }
+    db().execute(u"CREATE OR REPLACE FUNCTION refuse() RETURNS trigger LANGUAGE plpgsql "
+                 u"AS $$BEGIN RAISE EXCEPTION '%', TG_ARGV[0]; END$$"_s);
+    db().execute(u"CREATE TRIGGER refuse_%1 BEFORE %2 ON %1 FOR EACH ROW %3 EXECUTE FUNCTION refuse('%4')"_s.arg(
+        table, event, condition.isEmpty() ? QString() : u"WHEN ("_s + condition + u')', text));
+}
+
+TempDatabase::EngineError TempDatabase::refusedError(const QString& text) const
+{
+    return {text, engine() == Engine::SQLite ? 1811 : 42090401}; // SQLITE_CONSTRAINT_TRIGGER, P0001
+}
+
+void TempDatabase::allowWrites(const QString& table)
+{
+    db().execute(u"DROP TRIGGER IF EXISTS refuse_%1"_s.arg(table) + sql({}, u" ON "_s + table));
+}
+
+TempDatabase::EngineError TempDatabase::lockedError() const
+{
+    if (engine() == Engine::SQLite)
+        return {u"database is locked"_s, 5};
+    return {u"canceling statement due to lock timeout"_s, 8763763}; // 55P03
+}
+
 void TempDatabase::close()
 {
     m_database.reset();
@@ -141,6 +177,9 @@ SecondConnection::SecondConnection(const TempDatabase& database, std::initialize
 
 SecondConnection::~SecondConnection()
 {
+    // A server lets go of a closed connection's locks only some time later.
+    if (m_inTransaction)
+        QSqlQuery(QSqlDatabase::database(m_name, false)).exec(u"ROLLBACK"_s);
     QSqlDatabase::database(m_name, false).close();
     QSqlDatabase::removeDatabase(m_name);
 }
@@ -149,8 +188,12 @@ void SecondConnection::exec(const QString& sql)
 {
     const QSqlDatabase connection = QSqlDatabase::database(m_name, false);
     QStringList statements{sql};
-    if ((sql == u"BEGIN EXCLUSIVE"_s || sql == u"BEGIN IMMEDIATE"_s) && connection.driverName() != u"QSQLITE"_s)
+    if ((sql == u"BEGIN EXCLUSIVE"_s || sql == u"BEGIN IMMEDIATE"_s) && connection.driverName() != u"QSQLITE"_s) {
         statements = db::SqlDialect::of(connection)->beginTransaction(db::TransactionKind::Write);
+        if (sql == u"BEGIN EXCLUSIVE"_s)
+            statements << u"LOCK TABLE T_Delivery, T_DeliveryQTY IN ACCESS EXCLUSIVE MODE"_s;
+    }
+    m_inTransaction = sql.startsWith(u"BEGIN"_s) || (m_inTransaction && sql != u"COMMIT"_s && sql != u"ROLLBACK"_s);
     for (const QString& statement : statements) {
         QSqlQuery query(connection);
         EXPECT_TRUE(query.exec(statement))

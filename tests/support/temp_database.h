@@ -60,6 +60,22 @@ public:
     // A role that may only read this database's tables (PostgreSQL only): to log in as with a Peer.
     QString readOnlyUser();
 
+    // An error as the engine reports it: its own text and number.
+    struct EngineError
+    {
+        QString description;
+        long number;
+        // "description (number)", or without the blank as some commands show it.
+        QString shown(bool blank = true) const;
+    };
+    // Until allowWrites(table): `event` ("INSERT", "UPDATE", "UPDATE OF F00036") on `table` fails with
+    // `text` where `condition` (on NEW.<column>) holds: the writer gets refusedError(text).
+    void refuseWrites(const QString& event, const QString& table, const QString& text, const QString& condition = {});
+    void allowWrites(const QString& table);
+    EngineError refusedError(const QString& text) const;
+    // The error of a connection that gave up waiting for a lock (see SecondConnection).
+    EngineError lockedError() const;
+
     // Drops the store's access and closes the connection (to reopen it with reopen()).
     void close();
     // Opens the connection again and gives it a new store access.
@@ -74,8 +90,8 @@ private:
 };
 
 // Another operator's connection to the same database, for changes and locks made behind the component's
-// back. Each statement must succeed. "BEGIN EXCLUSIVE" and "BEGIN IMMEDIATE" take the write lock as the
-// engine's Write transaction takes it.
+// back. Each statement must succeed. "BEGIN IMMEDIATE" takes the write lock as the engine's Write
+// transaction takes it; "BEGIN EXCLUSIVE" besides keeps every other connection from reading the tables.
 class SecondConnection
 {
 public:
@@ -90,6 +106,7 @@ public:
 
 private:
     QString m_name;
+    bool m_inTransaction = false;
 };
 
 // For tests that run on every engine and statement path:
