@@ -16,26 +16,17 @@ namespace {
 using namespace Qt::StringLiterals;
 using tolvinpt::test::PgServer;
 
-// A fresh database on the run's server, dropped at the end.
+// A fresh database on the run's server beside the same demo data in a file.
 class ServerDatabaseTest : public DemoDatabaseTest
 {
 protected:
-    void SetUp() override
-    {
-        DemoDatabaseTest::SetUp(); // the same demo data in a file
-        name = u"host_"_s + QUuid::createUuid().toString(QUuid::Id128);
-        server.admin(u"CREATE DATABASE "_s + name);
-    }
+    ServerDatabaseTest() : DemoDatabaseTest(tolvinpt::test::Engine::SQLite) {}
     void TearDown() override
     {
         closeHostDatabase(onServer);
-        server.admin(u"DROP DATABASE IF EXISTS "_s + name + u" WITH (FORCE)"_s);
         DemoDatabaseTest::TearDown();
     }
-    DatabaseLocation location() const
-    {
-        return {u"postgresql://"_s, ServerDatabase{server.host, server.port, server.user, name, {}}};
-    }
+    DatabaseLocation location() const { return serverDatabase.location(); }
     ExitCode open(bool demo = true) { return openHostDatabase(location(), onServer, {demo, {}}).code; }
     void execOnServer(const QString& sql)
     {
@@ -43,8 +34,9 @@ protected:
         ASSERT_TRUE(query.exec(sql)) << sql.toStdString();
     }
 
-    const PgServer server = PgServer::shared();
-    QString name;
+    ServerScratchDatabase serverDatabase;
+    const PgServer& server = serverDatabase.server;
+    const QString& name = serverDatabase.name;
     const QString onServer = connection + u"-server"_s;
 };
 
