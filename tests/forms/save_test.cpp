@@ -319,4 +319,70 @@ TEST_F(Save, ARecordChangedOrDeletedByAnotherOperatorIsNotOverwritten)
     EXPECT_EQ(shown(u"txtMyRemarksA"_s), u"MINE"_s);
 }
 
+// The server stopped under an open form and started again. On a server of its own, so that the other
+// tests go on; in the PostgreSQL pass only, as a file has no server to lose.
+struct OwnServer
+{
+    OwnServer()
+    {
+        if (test::defaultEngine() == test::Engine::PostgreSQL)
+            server.emplace();
+    }
+    std::optional<test::PrivatePgServer> server;
+};
+
+class ServerRestart : protected OwnServer, public test::EntryFormTest
+{
+protected:
+    ServerRestart() : EntryFormTest(server ? &server->server() : nullptr) {}
+    void SetUp() override
+    {
+        if (!server)
+            GTEST_SKIP() << "a server's restart";
+        EntryFormTest::SetUp();
+    }
+};
+
+TEST_F(ServerRestart, TheFormKeepsWhatWasTypedAndSavesItOnceTheServerIsBack)
+{
+    // clang-format off
+    const std::pair<QString, QString> required[] = {
+        {u"txtOrderNo"_s, u"PO-9"_s}, {u"txtPaymentKeyNo"_s, u"PO-9-1"_s}, {u"txtHCode"_s, u"HC"_s},
+        {u"txtDate(0)"_s, u"20050301"_s}, {u"txtDate(1)"_s, u"20050307"_s}, {u"txtAmountOrder"_s, u"5"_s},
+        {u"txtAmountDelivery"_s, u"5"_s},
+    };
+    // clang-format on
+    // The change save traps a failure quietly, the new-record save reports it.
+    for (const bool newRecord : {false, true}) {
+        SCOPED_TRACE(newRecord ? "new record" : "changed record");
+        if (newRecord) {
+            openNewRecord();
+            for (const auto& [field, value] : required)
+                fill(field, value);
+        } else {
+            open(insert());
+        }
+        fill(u"txtMyRemarksA"_s, u"TYPED"_s);
+        const QStringList typed = everyValue(*form);
+        const auto save = [&] { QTest::keyClick(form.get(), newRecord ? Qt::Key_N : Qt::Key_S, Qt::ControlModifier); };
+        server->pause();
+        save();
+        const QList<Message> shown = std::exchange(messages.shown, {});
+        ASSERT_EQ(shown.size(), newRecord ? 1 : 0);
+        if (newRecord) { // the server's own words, numbered as a lost connection (08006)
+            EXPECT_EQ(shown[0].title, u"納品ﾃﾞｰﾀの入力"_s);
+            EXPECT_TRUE(shown[0].text.endsWith(u" (8006)"_s)) << shown[0].text.toStdString();
+        }
+        EXPECT_EQ(everyValue(*form), typed);
+        EXPECT_TRUE(form->bChanged);
+
+        server->resume();
+        save();
+        messages.expectShown({});
+        ASSERT_EQ(link->saved.size(), 1);
+        EXPECT_EQ(stored(*row(link->saved[0][0].toLongLong()), C::F00164), u"TYPED"_s);
+        link->saved.clear();
+    }
+}
+
 } // namespace

@@ -38,13 +38,15 @@ Engine defaultEngine()
     return qEnvironmentVariable("TOLVINPT_TEST_ENGINE") == u"postgresql"_s ? Engine::PostgreSQL : Engine::SQLite;
 }
 
-TempDatabase::TempDatabase(Schema schema, Backend backend) : m_name(uniqueConnectionName()), m_backend(backend)
+TempDatabase::TempDatabase(Schema schema, Backend backend, const PgServer* server)
+    : m_name(uniqueConnectionName()), m_backend(backend)
 {
     if (!m_dir.isValid())
         throw std::runtime_error("cannot create a temporary directory");
     if (backend.engine == Engine::PostgreSQL) {
+        m_server = server ? *server : PgServer::shared();
         m_serverDatabase = u"tolvinpt_test_%1_%2"_s.arg(QCoreApplication::applicationPid()).arg(nextNumber());
-        PgServer::shared().admin(u"CREATE DATABASE "_s + m_serverDatabase);
+        m_server.admin(u"CREATE DATABASE "_s + m_serverDatabase);
     }
     addConnection(m_name, address());
     reopen();
@@ -58,7 +60,7 @@ TempDatabase::~TempDatabase()
     QSqlDatabase::removeDatabase(m_name);
     if (!m_serverDatabase.isEmpty()) {
         try {
-            PgServer::shared().admin(u"DROP DATABASE "_s + m_serverDatabase + u" WITH (FORCE)"_s);
+            m_server.admin(u"DROP DATABASE "_s + m_serverDatabase + u" WITH (FORCE)"_s);
         } catch (const std::exception&) {
             // The server goes with the test run anyway.
         }
@@ -79,7 +81,7 @@ QString TempDatabase::address() const
 {
     if (m_serverDatabase.isEmpty())
         return filePath();
-    return ServerMark + PgServer::shared().connectionString(m_serverDatabase);
+    return ServerMark + m_server.connectionString(m_serverDatabase);
 }
 
 QSqlDatabase TempDatabase::addConnection(const QString& name, const QString& address)
@@ -109,7 +111,7 @@ QString TempDatabase::readOnlyUser()
 {
     const QString role = u"tolvinpt_reader"_s;
     // Roles belong to the whole server, and tests in parallel may create it at the same moment.
-    PgServer::shared().admin(u"DO $$BEGIN CREATE ROLE "_s + role +
+    m_server.admin(u"DO $$BEGIN CREATE ROLE "_s + role +
                              u" LOGIN; EXCEPTION WHEN duplicate_object OR unique_violation THEN NULL; END$$"_s);
     db().execute(u"GRANT SELECT ON T_Delivery, T_DeliveryQTY TO "_s + role);
     return role;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/sql/database.h"
+#include "tests/support/pg_server.h"
 
 #include <QSqlDatabase>
 #include <QString>
@@ -25,7 +26,7 @@ struct Backend
 };
 
 // A fresh database of its own: an SQLite file in a temporary directory, or a new database on the test
-// run's PostgreSQL server (see pg_server.h). Open under a connection name of its own, with the delivery
+// run's PostgreSQL server (see pg_server.h) or on `server`. Open under a connection name of its own, with the delivery
 // tables created from the shipped DDL unless asked for an empty one. The connection is closed and
 // removed, and the file or server database dropped, when the object goes.
 class TempDatabase
@@ -33,7 +34,7 @@ class TempDatabase
 public:
     enum class Schema { Delivery, Empty };
 
-    explicit TempDatabase(Schema schema = Schema::Delivery, Backend backend = {});
+    explicit TempDatabase(Schema schema = Schema::Delivery, Backend backend = {}, const PgServer* server = nullptr);
     TempDatabase(Schema schema, db::Database::StatementPath path) : TempDatabase(schema, Backend{Engine::SQLite, path}) {}
     TempDatabase(const TempDatabase&) = delete;
     TempDatabase& operator=(const TempDatabase&) = delete;
@@ -85,6 +86,7 @@ private:
     QTemporaryDir m_dir;
     QString m_name;
     Backend m_backend;
+    PgServer m_server;
     QString m_serverDatabase;
     std::unique_ptr<db::Database> m_database;
 };
