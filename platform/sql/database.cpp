@@ -141,7 +141,8 @@ Statement Database::prepare(const QString& sql)
 
 void Database::reopenIfLost()
 {
-    if (m_openTransactions > 0 || !m_dialect->connectionLost(m_connection) || (m_backend && m_backend->inUse()))
+    if (m_openTransactions > 0 || !m_dialect->connectionLost(m_connection) ||
+        (m_backend && m_backend->inUse()))
         return;
     // The statements belong to the old session; they go before it does.
     m_backend.reset();

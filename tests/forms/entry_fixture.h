@@ -59,7 +59,10 @@ class EntryFormTest : public FormTest
 {
 protected:
     // On the default engine; on PostgreSQL, on `server` instead of the run's.
-    explicit EntryFormTest(const PgServer* server = nullptr) : temp(TempDatabase::Schema::Delivery, {}, server) {}
+    explicit EntryFormTest(const PgServer* server = nullptr)
+        : temp(TempDatabase::Schema::Delivery, {}, server)
+    {
+    }
     void SetUp() override
     {
         FormTest::SetUp();

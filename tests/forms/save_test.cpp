@@ -364,7 +364,9 @@ TEST_F(ServerRestart, TheFormKeepsWhatWasTypedAndSavesItOnceTheServerIsBack)
         }
         fill(u"txtMyRemarksA"_s, u"TYPED"_s);
         const QStringList typed = everyValue(*form);
-        const auto save = [&] { QTest::keyClick(form.get(), newRecord ? Qt::Key_N : Qt::Key_S, Qt::ControlModifier); };
+        const auto save = [&] {
+            QTest::keyClick(form.get(), newRecord ? Qt::Key_N : Qt::Key_S, Qt::ControlModifier);
+        };
         server->pause();
         save();
         const QList<Message> shown = std::exchange(messages.shown, {});

@@ -87,7 +87,8 @@ protected:
         path = dir.filePath(u"demo.sqlite"_s);
         if (isServer)
             scratch.emplace();
-        const OpenOutcome outcome = openHostDatabase(isServer ? scratch->location() : path, connection, {true, {}});
+        const OpenOutcome outcome =
+            openHostDatabase(isServer ? scratch->location() : path, connection, {true, {}});
         ASSERT_EQ(outcome.code, ExitCode::Ok) << outcome.message.toStdString();
     }
     void TearDown() override

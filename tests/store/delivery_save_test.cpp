@@ -337,8 +337,12 @@ TEST_P(Save, AFailedSaveLeavesTheDatabaseAsItWas)
         {"a read-only file or role", [] { return nullptr; }, sqlite ? u"QSQLITE_OPEN_READONLY"_s : QString(),
          sqlite ? 8 : 42501, true},
         {"another writer past the busy timeout",
-         [&] { return std::make_unique<test::SecondConnection>(temp, std::initializer_list{u"BEGIN IMMEDIATE"_s}); },
-         sqlite ? u"QSQLITE_BUSY_TIMEOUT=50"_s : u"options='-c lock_timeout=50'"_s, temp.lockedError().number},
+         [&] {
+             return std::make_unique<test::SecondConnection>(temp,
+                                                             std::initializer_list{u"BEGIN IMMEDIATE"_s});
+         },
+         sqlite ? u"QSQLITE_BUSY_TIMEOUT=50"_s : u"options='-c lock_timeout=50'"_s,
+         temp.lockedError().number},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);

@@ -112,7 +112,7 @@ QString TempDatabase::readOnlyUser()
     const QString role = u"tolvinpt_reader"_s;
     // Roles belong to the whole server, and tests in parallel may create it at the same moment.
     m_server.admin(u"DO $$BEGIN CREATE ROLE "_s + role +
-                             u" LOGIN; EXCEPTION WHEN duplicate_object OR unique_violation THEN NULL; END$$"_s);
+                   u" LOGIN; EXCEPTION WHEN duplicate_object OR unique_violation THEN NULL; END$$"_s);
     db().execute(u"GRANT SELECT ON T_Delivery, T_DeliveryQTY TO "_s + role);
     return role;
 }
@@ -126,14 +126,16 @@ void TempDatabase::refuseWrites(const QString& event, const QString& table, cons
                                 const QString& condition)
 {
     if (engine() == Engine::SQLite) {
-        db().execute(u"CREATE TRIGGER refuse_%1 BEFORE %2 ON %1 %3 BEGIN SELECT RAISE(ABORT, '%4'); END"_s.arg(
-            table, event, condition.isEmpty() ? QString() : u"WHEN "_s + condition, text));
+        db().execute(
+            u"CREATE TRIGGER refuse_%1 BEFORE %2 ON %1 %3 BEGIN SELECT RAISE(ABORT, '%4'); END"_s.arg(
+                table, event, condition.isEmpty() ? QString() : u"WHEN "_s + condition, text));
         return;
     }
     db().execute(u"CREATE OR REPLACE FUNCTION refuse() RETURNS trigger LANGUAGE plpgsql "
                  u"AS $$BEGIN RAISE EXCEPTION '%', TG_ARGV[0]; END$$"_s);
-    db().execute(u"CREATE TRIGGER refuse_%1 BEFORE %2 ON %1 FOR EACH ROW %3 EXECUTE FUNCTION refuse('%4')"_s.arg(
-        table, event, condition.isEmpty() ? QString() : u"WHEN ("_s + condition + u')', text));
+    db().execute(
+        u"CREATE TRIGGER refuse_%1 BEFORE %2 ON %1 FOR EACH ROW %3 EXECUTE FUNCTION refuse('%4')"_s.arg(
+            table, event, condition.isEmpty() ? QString() : u"WHEN ("_s + condition + u')', text));
 }
 
 TempDatabase::EngineError TempDatabase::refusedError(const QString& text) const
@@ -190,12 +192,14 @@ void SecondConnection::exec(const QString& sql)
 {
     const QSqlDatabase connection = QSqlDatabase::database(m_name, false);
     QStringList statements{sql};
-    if ((sql == u"BEGIN EXCLUSIVE"_s || sql == u"BEGIN IMMEDIATE"_s) && connection.driverName() != u"QSQLITE"_s) {
+    if ((sql == u"BEGIN EXCLUSIVE"_s || sql == u"BEGIN IMMEDIATE"_s) &&
+        connection.driverName() != u"QSQLITE"_s) {
         statements = db::SqlDialect::of(connection)->beginTransaction(db::TransactionKind::Write);
         if (sql == u"BEGIN EXCLUSIVE"_s)
             statements << u"LOCK TABLE T_Delivery, T_DeliveryQTY IN ACCESS EXCLUSIVE MODE"_s;
     }
-    m_inTransaction = sql.startsWith(u"BEGIN"_s) || (m_inTransaction && sql != u"COMMIT"_s && sql != u"ROLLBACK"_s);
+    m_inTransaction =
+        sql.startsWith(u"BEGIN"_s) || (m_inTransaction && sql != u"COMMIT"_s && sql != u"ROLLBACK"_s);
     for (const QString& statement : statements) {
         QSqlQuery query(connection);
         EXPECT_TRUE(query.exec(statement))

@@ -26,15 +26,16 @@ struct Backend
 };
 
 // A fresh database of its own: an SQLite file in a temporary directory, or a new database on the test
-// run's PostgreSQL server (see pg_server.h) or on `server`. Open under a connection name of its own, with the delivery
-// tables created from the shipped DDL unless asked for an empty one. The connection is closed and
+// run's PostgreSQL server (see pg_server.h) or on `server`. Open under a connection name of its own, with the
+// delivery tables created from the shipped DDL unless asked for an empty one. The connection is closed and
 // removed, and the file or server database dropped, when the object goes.
 class TempDatabase
 {
 public:
     enum class Schema { Delivery, Empty };
 
-    explicit TempDatabase(Schema schema = Schema::Delivery, Backend backend = {}, const PgServer* server = nullptr);
+    explicit TempDatabase(Schema schema = Schema::Delivery, Backend backend = {},
+                          const PgServer* server = nullptr);
     TempDatabase(Schema schema, db::Database::StatementPath path) : TempDatabase(schema, Backend{Engine::SQLite, path}) {}
     TempDatabase(const TempDatabase&) = delete;
     TempDatabase& operator=(const TempDatabase&) = delete;
@@ -71,7 +72,8 @@ public:
     };
     // Until allowWrites(table): `event` ("INSERT", "UPDATE", "UPDATE OF F00036") on `table` fails with
     // `text` where `condition` (on NEW.<column>) holds: the writer gets refusedError(text).
-    void refuseWrites(const QString& event, const QString& table, const QString& text, const QString& condition = {});
+    void refuseWrites(const QString& event, const QString& table, const QString& text,
+                      const QString& condition = {});
     void allowWrites(const QString& table);
     EngineError refusedError(const QString& text) const;
     // The error of a connection that gave up waiting for a lock (see SecondConnection).
