@@ -134,13 +134,15 @@ SqlBackend& Database::backend()
 
 Statement Database::prepare(const QString& sql)
 {
+    reopenIfLost();
     SqlBackend& engine = backend();
     return Statement(engine, engine.acquire(sql));
 }
 
 void Database::reopenIfLost()
 {
-    if (!m_dialect->connectionLost(m_connection) || (m_backend && m_backend->inUse()))
+    if (m_openTransactions > 0 || !m_dialect->connectionLost(m_connection) ||
+        (m_backend && m_backend->inUse()))
         return;
     // The statements belong to the old session; they go before it does.
     m_backend.reset();

@@ -100,11 +100,13 @@ public:
     const QSqlDatabase& connection() const { return m_connection; }
     const SqlDialect& dialect() const { return *m_dialect; }
 
-    // Throws DatabaseError when `sql` does not compile.
+    // Throws DatabaseError when `sql` does not compile, or when the connection was lost and cannot be
+    // opened again (see reopenIfLost).
     Statement prepare(const QString& sql);
     // Opens the connection again when the engine reports it broken (a server restart or a dropped link
-    // since the last statement), so that the next transaction runs; every prepared statement is prepared
-    // anew. Does nothing while a statement is in use. Throws DatabaseError when it cannot reopen.
+    // since the last statement), so that the next statement runs; every prepared statement is prepared
+    // anew. Does nothing while a statement is in use or a transaction is open, whose statements must not
+    // run on a new session. Throws DatabaseError when it cannot reopen.
     void reopenIfLost();
     // Prepares, binds `values` in order and runs a statement that returns no rows.
     void execute(const QString& sql, std::initializer_list<QVariant> values = {});
@@ -119,9 +121,11 @@ public:
     void runScript(const QString& script);
 
 private:
+    friend class Transaction;
     SqlBackend& backend();
 
     QSqlDatabase m_connection;
+    int m_openTransactions = 0;
     const SqlDialect* m_dialect;
     StatementPath m_path;
     std::unique_ptr<SqlBackend> m_backend;

@@ -75,19 +75,10 @@ QByteArray parameterText(const QVariant& value)
 class PostgresqlStatement final : public SqlStatement
 {
 public:
-    PostgresqlStatement(PGconn* handle, const QString& sql) : m_handle(handle)
+    PostgresqlStatement(PGconn* handle, const QString& sql)
+        : m_handle(handle), m_sql(numberedPlaceholders(sql).toUtf8())
     {
-        static std::atomic<unsigned> counter{0};
-        m_name = "tolvinpt_" + QByteArray::number(++counter);
-        PGresult* prepared = PQprepare(m_handle, m_name.constData(), numberedPlaceholders(sql).toUtf8().constData(),
-                                       0, nullptr);
-        const bool ok = PQresultStatus(prepared) == PGRES_COMMAND_OK;
-        if (!ok) {
-            const DatabaseError error = resultError(m_handle, prepared);
-            PQclear(prepared);
-            throw error;
-        }
-        PQclear(prepared);
+        prepare();
         PGresult* described = PQdescribePrepared(m_handle, m_name.constData());
         m_parameters.resize(PQresultStatus(described) == PGRES_COMMAND_OK ? PQnparams(described) : 0);
         PQclear(described);
@@ -95,10 +86,7 @@ public:
     ~PostgresqlStatement() override
     {
         PQclear(m_result);
-        // Not in a failed transaction, where the server refuses every command but the end.
-        const PGTransactionStatusType state = PQtransactionStatus(m_handle);
-        if (PQstatus(m_handle) == CONNECTION_OK && (state == PQTRANS_IDLE || state == PQTRANS_INTRANS))
-            PQclear(PQexec(m_handle, QByteArray("DEALLOCATE " + m_name).constData()));
+        deallocate();
     }
 
     void bind(int index, const QVariant& value) override
@@ -108,22 +96,7 @@ public:
         m_parameters[index] = value.isNull() ? std::nullopt : std::optional(parameterText(value));
     }
 
-    void exec() override
-    {
-        clearResult();
-        std::vector<const char*> values;
-        for (const auto& parameter : m_parameters)
-            values.push_back(parameter ? parameter->constData() : nullptr);
-        m_result = PQexecPrepared(m_handle, m_name.constData(), int(values.size()), values.data(), nullptr,
-                                  nullptr, 0);
-        const ExecStatusType status = PQresultStatus(m_result);
-        if (status != PGRES_TUPLES_OK && status != PGRES_COMMAND_OK) {
-            const DatabaseError error = resultError(m_handle, m_result);
-            clearResult();
-            throw error;
-        }
-        m_rows = PQntuples(m_result);
-    }
+    void exec() override { run(true); }
 
     bool next() override { return m_result && ++m_row < m_rows; }
 
@@ -175,6 +148,55 @@ public:
     }
 
 private:
+    void run(bool mayRetry)
+    {
+        clearResult();
+        if (m_stale) {
+            deallocate();
+            prepare();
+            m_stale = false;
+        }
+        std::vector<const char*> values;
+        for (const auto& parameter : m_parameters)
+            values.push_back(parameter ? parameter->constData() : nullptr);
+        m_result = PQexecPrepared(m_handle, m_name.constData(), int(values.size()), values.data(), nullptr,
+                                  nullptr, 0);
+        const ExecStatusType status = PQresultStatus(m_result);
+        if (status != PGRES_TUPLES_OK && status != PGRES_COMMAND_OK) {
+            const DatabaseError error = resultError(m_handle, m_result);
+            // The table's columns changed since a '*' was prepared: the server refuses the statement until
+            // it is prepared again, at once outside a transaction, else before its next run.
+            const char* state = PQresultErrorField(m_result, PG_DIAG_SQLSTATE);
+            m_stale = state && qstrcmp(state, "0A000") == 0;
+            clearResult();
+            if (m_stale && mayRetry && PQtransactionStatus(m_handle) == PQTRANS_IDLE)
+                return run(false);
+            throw error;
+        }
+        m_rows = PQntuples(m_result);
+    }
+    void prepare()
+    {
+        static std::atomic<unsigned> counter{0};
+        const QByteArray name = "tolvinpt_" + QByteArray::number(++counter);
+        PGresult* prepared = PQprepare(m_handle, name.constData(), m_sql.constData(), 0, nullptr);
+        if (PQresultStatus(prepared) != PGRES_COMMAND_OK) {
+            const DatabaseError error = resultError(m_handle, prepared);
+            PQclear(prepared);
+            throw error;
+        }
+        PQclear(prepared);
+        m_name = name;
+    }
+    void deallocate()
+    {
+        // Not in a failed transaction, where the server refuses every command but the end.
+        const PGTransactionStatusType state = PQtransactionStatus(m_handle);
+        if (!m_name.isEmpty() && PQstatus(m_handle) == CONNECTION_OK &&
+            (state == PQTRANS_IDLE || state == PQTRANS_INTRANS))
+            PQclear(PQexec(m_handle, QByteArray("DEALLOCATE " + m_name).constData()));
+        m_name.clear();
+    }
     void clearResult()
     {
         PQclear(m_result);
@@ -184,7 +206,9 @@ private:
     }
 
     PGconn* m_handle;
+    QByteArray m_sql;
     QByteArray m_name;
+    bool m_stale = false; // to be prepared again before the next run
     std::vector<std::optional<QByteArray>> m_parameters;
     PGresult* m_result = nullptr;
     int m_row = -1;

@@ -8,10 +8,9 @@ namespace tolvinpt::db {
 
 Transaction::Transaction(Database& database, Kind kind) : m_database(database)
 {
-    m_database.reopenIfLost();
     const QStringList begin = m_database.dialect().beginTransaction(kind);
     m_database.execute(begin.first());
-    m_open = true;
+    setOpen(true);
     try {
         for (qsizetype i = 1; i < begin.size(); ++i)
             m_database.execute(begin[i]);
@@ -27,8 +26,16 @@ Transaction::~Transaction()
         rollbackQuietly();
 }
 
+void Transaction::setOpen(bool open)
+{
+    if (open != m_open)
+        m_database.m_openTransactions += open ? 1 : -1;
+    m_open = open;
+}
+
 void Transaction::rollbackQuietly() noexcept
 {
+    setOpen(false);
     try {
         m_database.execute(u"ROLLBACK"_s);
     } catch (const DatabaseError&) {
@@ -39,12 +46,12 @@ void Transaction::rollbackQuietly() noexcept
 void Transaction::commit()
 {
     m_database.execute(u"COMMIT"_s);
-    m_open = false;
+    setOpen(false);
 }
 
 void Transaction::rollback()
 {
-    m_open = false;
+    setOpen(false);
     m_database.execute(u"ROLLBACK"_s);
 }
 

@@ -45,7 +45,7 @@ TEST_F(EntryCall, ButtonsFollowThePositionThroughTheList)
     // clang-format off
     const Step steps[] = {
         {"first", [](frmData&) {}, "011", "K-1", 1},
-        {"next while the database is locked", nextLocked, "011", "K-1", 1, u"database is locked (5)"_s},
+        {"next while the database is locked", nextLocked, "011", "K-1", 1, temp.lockedError().shown()},
         {"next, the lock gone", next, "111", "K-2", 2},
         {"next again", next, "101", "K-3", 3},
         {"next at the end changes nothing", [](frmData& f) { f.menuItem(u"mnuDataNext"_s)->trigger(); }, "101", "K-3", 3},
@@ -128,7 +128,7 @@ TEST_F(EntryCall, FaultyHostsAndBadListsFailTheCallAndTheNextCallWorks)
         {"the customer lookup of the first record throws", {{u"ByKey"_s, Fault::Throws}}, {}, {}, false, 440, u"fake host: ByKey failed"_s},
         {"the view-only setting throws on moving", {{u"ViewOnly"_s, Fault::Throws}}, {}, next, false, 440, u"fake host: ViewOnly failed"_s},
         {"the own-code name throws no std::exception", {{u"NameOf"_s, Fault::ThrowsForeign}}, {}, pickOwnCode, true, 440, u"Automation error"_s},
-        {"the database is locked", {}, [&] { lock.emplace(temp, std::initializer_list<QString>{u"BEGIN EXCLUSIVE"_s}); }, {}, false, 5, u"database is locked"_s},
+        {"the database is locked", {}, [&] { lock.emplace(temp, std::initializer_list<QString>{u"BEGIN EXCLUSIVE"_s}); }, {}, false, temp.lockedError().number, temp.lockedError().description},
         // Bad lists fail before the form is shown.
         {"a missing record", {}, {}, {}, false, 3021, {}, {ids[0], 999}},
         {"an element that is not a number", {}, {}, {}, false, 3021, {}, {u"abc"_s}},

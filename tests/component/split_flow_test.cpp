@@ -126,6 +126,7 @@ TEST_F(SplitFlow, NothingToSplitIsRefusedBeforeTheQuestionAndTheDialog)
 
 TEST_F(SplitFlow, ASplitRefusedOrFailedHalfwayStoresNothingAndTheNextSaveIsStored)
 {
+    const QString refused = u"refused"_s;
     const struct
     {
         const char* what;
@@ -146,11 +147,8 @@ TEST_F(SplitFlow, ASplitRefusedOrFailedHalfwayStoresNothingAndTheNextSaveIsStore
          },
          {leaveQuestion(), test::okMessage(u"No current record.(3021)", u"数量分割...保存")}},
         {"the record's update fails after the new row", u"K-1b",
-         [this](frmData&) {
-             test::SecondConnection(temp).exec(u"CREATE TRIGGER refuse BEFORE UPDATE OF F00036 ON T_Delivery "
-                                               u"WHEN NEW.F00036 = 4 BEGIN SELECT RAISE(ABORT, 'refused'); END"_s);
-         },
-         {test::okMessage(u"refused(1811)", u"数量分割...保存")}},
+         [&](frmData&) { temp.refuseWrites(u"UPDATE OF F00036"_s, u"T_Delivery"_s, refused, u"NEW.F00036 = 4"_s); },
+         {test::okMessage(temp.refusedError(refused).shown(false), u"数量分割...保存")}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
@@ -171,7 +169,7 @@ TEST_F(SplitFlow, ASplitRefusedOrFailedHalfwayStoresNothingAndTheNextSaveIsStore
         EXPECT_EQ(records(), 3);
         EXPECT_EQ(stored(ids[0]).text(C::F00164), u"SAVED"_s);
         EXPECT_EQ(stored(ids[0]).text(C::F00159), u"K-1"_s);
-        temp.db().execute(u"DROP TRIGGER IF EXISTS refuse"_s);
+        temp.allowWrites(u"T_Delivery"_s);
     }
 }
 

@@ -146,7 +146,7 @@ TEST_F(Commands, RunTimeErrorsAreReportedOrTrappedAsEachCommandSays)
          [](frmData& f) { f.menuItem(u"mnuDataNext"_s)->trigger(); }, {Leave}},
         {"the new-record save from its menu reports it", true,
          [](frmData& f) { f.menuItem(u"mnuNewDataSave"_s)->trigger(); },
-         {test::okMessage(u"database is locked (5)", u"納品ﾃﾞｰﾀの入力")}},
+         {test::okMessage(temp.lockedError().shown(), u"納品ﾃﾞｰﾀの入力")}},
         {"the toolbar goes on without a word", true,
          [](frmData& f) { f.toolbar2()->button(u"新規保存"_s)->click(); }, {}},
     };

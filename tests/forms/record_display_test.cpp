@@ -89,6 +89,9 @@ TEST_F(Display, ShowsEachColumnAsTheOperatorSeesIt)
     // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
+        // The server types its columns: nothing unreadable can be stored there.
+        if (std::string_view(c.what).starts_with("unreadable") && temp.engine() != test::Engine::SQLite)
+            continue;
         const qint64 id = insert(c.columns);
         show(id);
         EXPECT_EQ(shown(u"txtIDData"_s), QString::number(id));
@@ -145,7 +148,7 @@ TEST_F(Display, EveryFieldShowsItsOwnColumnAndAMissingColumnBlanksOnlyItsField)
     for (int i = 0; i < values.size(); ++i)
         insert.bind(i, values[i]);
     insert.exec();
-    const qint64 id = insert.lastInsertId();
+    const qint64 id = temp.db().scalar(u"SELECT MAX(IDData) FROM T_Delivery"_s)->toLongLong();
 
     QStringList dropped;
     for (const QString& drop : {QString(), u"F00023"_s, u"F00039"_s}) {

@@ -42,22 +42,21 @@ TEST_F(HostObjectsTest, CustomersAnswerTheirFlagsSettingsAndSubCodes)
     ASSERT_EQ(customers->Count(), count(u"SELECT COUNT(*) FROM T_Customer"_s));
     // Deleted, the three settings (all off without a settings row), the number of sub-codes.
     const QString sql = QStringLiteral(
-        "SELECT (c.Deleted <> 0) || (COALESCE(s.NoQuantityBreakdown, 0) <> 0) || (COALESCE(s.LenientEntry, "
-        "0) <> 0) "
-        "|| (COALESCE(s.HideQuantityFrame, 0) <> 0) || ',' || (SELECT COUNT(*) FROM T_CustomerSubCode x "
-        "WHERE x.IDCustomer = c.IDCustomer) FROM T_Customer c LEFT JOIN T_CustomerSettings s USING "
-        "(IDCustomer) "
+        "SELECT CASE WHEN c.Deleted <> 0 THEN 1000 ELSE 0 END + CASE WHEN s.NoQuantityBreakdown <> 0 "
+        "THEN 100 ELSE 0 END + CASE WHEN s.LenientEntry <> 0 THEN 10 ELSE 0 END + CASE WHEN "
+        "s.HideQuantityFrame <> 0 THEN 1 ELSE 0 END, (SELECT COUNT(*) FROM T_CustomerSubCode x WHERE "
+        "x.IDCustomer = c.IDCustomer) FROM T_Customer c LEFT JOIN T_CustomerSettings s USING (IDCustomer) "
         "WHERE c.IDCustomer = %1");
     for (int i = 0; i < customers->Count(); ++i) {
         const auto customer = customers->At(i);
         const auto& settings = customer->Settings();
-        const QString answered = u"%1%2%3%4,%5"_s.arg(int(customer->Deleted()))
-                                     .arg(int(settings.NoQuantityBreakdown()))
-                                     .arg(int(settings.EntryOptions().LenientEntry()))
-                                     .arg(int(settings.DisplayOptions().HideQuantityFrame()))
-                                     .arg(customer->SubCodes().size());
-        EXPECT_EQ(answered, scalar(connection, sql.arg(customer->CustomerID())).toString())
-            << customer->CustomerName().toStdString();
+        const int flags = 1000 * customer->Deleted() + 100 * settings.NoQuantityBreakdown() +
+                          10 * settings.EntryOptions().LenientEntry() +
+                          settings.DisplayOptions().HideQuantityFrame();
+        QSqlQuery stored(QSqlDatabase::database(connection, false));
+        ASSERT_TRUE(stored.exec(sql.arg(customer->CustomerID())) && stored.next());
+        EXPECT_EQ(flags, stored.value(0).toInt()) << customer->CustomerName().toStdString();
+        EXPECT_EQ(qsizetype(customer->SubCodes().size()), stored.value(1).toLongLong());
     }
 
     // Customer 2 has three sub-codes, each with its own name under the full code, in list order.

@@ -5,10 +5,21 @@
 
 #include "host/command_line.h"
 #include "host/delivery_list_model.h"
+#include "host/entry_calls.h"
+#include "host/host_objects.h"
 #include "host/list_query.h"
 #include "host/record_kind.h"
+#include "platform/sql/database.h"
 
+#include <tolvinpt/host.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTest>
 #include <QTextStream>
+#include <QTimer>
 
 namespace tolvinpt::host::test {
 namespace {
@@ -16,26 +27,17 @@ namespace {
 using namespace Qt::StringLiterals;
 using tolvinpt::test::PgServer;
 
-// A fresh database on the run's server, dropped at the end.
+// A fresh database on the run's server beside the same demo data in a file.
 class ServerDatabaseTest : public DemoDatabaseTest
 {
 protected:
-    void SetUp() override
-    {
-        DemoDatabaseTest::SetUp(); // the same demo data in a file
-        name = u"host_"_s + QUuid::createUuid().toString(QUuid::Id128);
-        server.admin(u"CREATE DATABASE "_s + name);
-    }
+    ServerDatabaseTest() : DemoDatabaseTest(tolvinpt::test::Engine::SQLite) {}
     void TearDown() override
     {
         closeHostDatabase(onServer);
-        server.admin(u"DROP DATABASE IF EXISTS "_s + name + u" WITH (FORCE)"_s);
         DemoDatabaseTest::TearDown();
     }
-    DatabaseLocation location() const
-    {
-        return {u"postgresql://"_s, ServerDatabase{server.host, server.port, server.user, name, {}}};
-    }
+    DatabaseLocation location() const { return serverDatabase.location(); }
     ExitCode open(bool demo = true) { return openHostDatabase(location(), onServer, {demo, {}}).code; }
     void execOnServer(const QString& sql)
     {
@@ -43,8 +45,9 @@ protected:
         ASSERT_TRUE(query.exec(sql)) << sql.toStdString();
     }
 
-    const PgServer server = PgServer::shared();
-    QString name;
+    ServerScratchDatabase serverDatabase;
+    const PgServer& server = serverDatabase.server;
+    const QString& name = serverDatabase.name;
     const QString onServer = connection + u"-server"_s;
 };
 
@@ -108,13 +111,17 @@ TEST_F(ServerDatabaseTest, OpensAgainAndRefusesWhatIsNotOurs)
     }
 }
 
-// The reader's grants of docs/server-roles.sql: the host opens the database and lists it.
-TEST_F(ServerDatabaseTest, AReaderBrowses)
+// A login in the reader group of docs/server-roles.sql: the host opens the database and lists it; a save
+// in the entry form shows the server's refusal and changes nothing.
+TEST_F(ServerDatabaseTest, AReaderBrowsesAndASaveIsRefused)
 {
     ASSERT_EQ(open(), ExitCode::Ok);
+    QFile roles(QStringLiteral(QT_TESTCASE_SOURCEDIR "/../../docs/server-roles.sql"));
+    ASSERT_TRUE(roles.open(QIODevice::ReadOnly));
+    for (const QString& sql : db::splitSqlScript(QString::fromUtf8(roles.readAll())))
+        execOnServer(QString(sql).replace(u"DATABASE delivery"_s, u"DATABASE "_s + name));
     const QString reader = u"reader_"_s + name;
-    execOnServer(u"CREATE ROLE %1 LOGIN; GRANT SELECT ON T_Delivery, T_DeliveryQTY, T_Company, T_OwnCode, "
-                 "T_Customer, T_CustomerSubCode, T_CustomerSettings TO %1"_s.arg(reader));
+    execOnServer(u"CREATE ROLE %1 LOGIN IN ROLE delivery_reader"_s.arg(reader));
     closeHostDatabase(onServer);
     DatabaseLocation asReader = location();
     asReader.server->user = reader;
@@ -123,9 +130,41 @@ TEST_F(ServerDatabaseTest, AReaderBrowses)
     model.show({});
     EXPECT_EQ(model.rowCount(),
               300 - test::count(connection, u"SELECT COUNT(*) FROM T_Delivery WHERE InDustBox"_s));
+
+    const qint64 id = model.index(0, 0).data(DeliveryListModel::IdRole).toLongLong();
+    const QString remark = u"SELECT COALESCE(F00164, 'NULL') FROM T_Delivery WHERE IDData = %1"_s.arg(id);
+    const QString before = scalar(onServer, remark).toString();
+    // The component's message boxes are its own (in the library), answered as the operator answers them.
+    QStringList shown;
+    const auto answerNextBox = [&](QMessageBox::StandardButton answer) {
+        QTimer::singleShot(0, [&shown, answer] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_TRUE(box);
+            shown << box->windowTitle() + u": "_s + box->text();
+            box->button(answer)->click();
+        });
+    };
+    RegisterHostObjects(makeHostObjects(onServer));
+    QTimer::singleShot(0, [&] {
+        QWidget* form = QApplication::activeModalWidget();
+        ASSERT_TRUE(form && QTest::qWaitForWindowActive(form));
+        form->findChild<QLineEdit*>(u"txtMyRemarksA"_s)->setText(u"READER"_s);
+        answerNextBox(QMessageBox::Ok);
+        QTest::keyClick(form, Qt::Key_S, Qt::ControlModifier);
+        answerNextBox(QMessageBox::No); // leaves without saving
+        form->close();
+    });
+    Items items{id};
+    EXPECT_NO_THROW(componentEntryCalls()->inputData(items));
+    RegisterHostObjects(nullptr);
+    ASSERT_EQ(shown.size(), 2);
+    EXPECT_EQ(shown[0], u"ﾃﾞｰﾀの保存: permission denied for table t_delivery (42501)"_s);
+    EXPECT_EQ(scalar(onServer, remark).toString(), before);
+
     closeHostDatabase(onServer);
     server.admin(u"DROP DATABASE %1 WITH (FORCE)"_s.arg(name));
-    server.admin(u"DROP ROLE %1"_s.arg(reader));
+    for (const QString& role : {reader, u"delivery_reader"_s, u"delivery_operator"_s})
+        server.admin(u"DROP ROLE "_s + role);
 }
 
 TEST(ServerCommandLine, TakesAServerUriAndRefusesAPasswordInIt)

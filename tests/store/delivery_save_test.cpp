@@ -329,24 +329,20 @@ TEST_P(Save, AFailedSaveLeavesTheDatabaseAsItWas)
     } cases[] = {
         {"a trigger aborts the package rows",
          [&] {
-             if (sqlite) {
-                 db().execute(u"CREATE TRIGGER refuse BEFORE INSERT ON T_DeliveryQTY "
-                              u"BEGIN SELECT RAISE(ABORT, 'packages refused'); END"_s);
-             } else {
-                 db().execute(u"CREATE FUNCTION refuse() RETURNS trigger LANGUAGE plpgsql "
-                              u"AS $$BEGIN RAISE EXCEPTION 'packages refused'; END$$"_s);
-                 db().execute(u"CREATE TRIGGER refuse BEFORE INSERT ON T_DeliveryQTY "
-                              u"FOR EACH ROW EXECUTE FUNCTION refuse()"_s);
-             }
+             temp.refuseWrites(u"INSERT"_s, u"T_DeliveryQTY"_s, u"packages refused"_s);
              return nullptr;
          },
          {},
-         sqlite ? 1811 : 42090401}, // P0001
+         temp.refusedError({}).number},
         {"a read-only file or role", [] { return nullptr; }, sqlite ? u"QSQLITE_OPEN_READONLY"_s : QString(),
          sqlite ? 8 : 42501, true},
         {"another writer past the busy timeout",
-         [&] { return std::make_unique<test::SecondConnection>(temp, std::initializer_list{u"BEGIN IMMEDIATE"_s}); },
-         sqlite ? u"QSQLITE_BUSY_TIMEOUT=50"_s : u"options='-c lock_timeout=50'"_s, sqlite ? 5 : 8763763}, // 55P03
+         [&] {
+             return std::make_unique<test::SecondConnection>(temp,
+                                                             std::initializer_list{u"BEGIN IMMEDIATE"_s});
+         },
+         sqlite ? u"QSQLITE_BUSY_TIMEOUT=50"_s : u"options='-c lock_timeout=50'"_s,
+         temp.lockedError().number},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
@@ -370,7 +366,7 @@ TEST_P(Save, AFailedSaveLeavesTheDatabaseAsItWas)
                 }
             }
         }
-        db().execute(u"DROP TRIGGER IF EXISTS refuse"_s + temp.sql({}, u" ON T_DeliveryQTY"_s));
+        temp.allowWrites(u"T_DeliveryQTY"_s);
         EXPECT_EQ(count(db(), u"T_Delivery"_s), 1);
         const auto after = readDeliveryRecord(db(), save.id);
         EXPECT_EQ(after->text(C::F00022), u"F00022値"_s);

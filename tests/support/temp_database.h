@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/sql/database.h"
+#include "tests/support/pg_server.h"
 
 #include <QSqlDatabase>
 #include <QString>
@@ -25,15 +26,16 @@ struct Backend
 };
 
 // A fresh database of its own: an SQLite file in a temporary directory, or a new database on the test
-// run's PostgreSQL server (see pg_server.h). Open under a connection name of its own, with the delivery
-// tables created from the shipped DDL unless asked for an empty one. The connection is closed and
+// run's PostgreSQL server (see pg_server.h) or on `server`. Open under a connection name of its own, with the
+// delivery tables created from the shipped DDL unless asked for an empty one. The connection is closed and
 // removed, and the file or server database dropped, when the object goes.
 class TempDatabase
 {
 public:
     enum class Schema { Delivery, Empty };
 
-    explicit TempDatabase(Schema schema = Schema::Delivery, Backend backend = {});
+    explicit TempDatabase(Schema schema = Schema::Delivery, Backend backend = {},
+                          const PgServer* server = nullptr);
     TempDatabase(Schema schema, db::Database::StatementPath path) : TempDatabase(schema, Backend{Engine::SQLite, path}) {}
     TempDatabase(const TempDatabase&) = delete;
     TempDatabase& operator=(const TempDatabase&) = delete;
@@ -60,6 +62,23 @@ public:
     // A role that may only read this database's tables (PostgreSQL only): to log in as with a Peer.
     QString readOnlyUser();
 
+    // An error as the engine reports it: its own text and number.
+    struct EngineError
+    {
+        QString description;
+        long number;
+        // "description (number)", or without the blank as some commands show it.
+        QString shown(bool blank = true) const;
+    };
+    // Until allowWrites(table): `event` ("INSERT", "UPDATE", "UPDATE OF F00036") on `table` fails with
+    // `text` where `condition` (on NEW.<column>) holds: the writer gets refusedError(text).
+    void refuseWrites(const QString& event, const QString& table, const QString& text,
+                      const QString& condition = {});
+    void allowWrites(const QString& table);
+    EngineError refusedError(const QString& text) const;
+    // The error of a connection that gave up waiting for a lock (see SecondConnection).
+    EngineError lockedError() const;
+
     // Drops the store's access and closes the connection (to reopen it with reopen()).
     void close();
     // Opens the connection again and gives it a new store access.
@@ -69,13 +88,14 @@ private:
     QTemporaryDir m_dir;
     QString m_name;
     Backend m_backend;
+    PgServer m_server;
     QString m_serverDatabase;
     std::unique_ptr<db::Database> m_database;
 };
 
 // Another operator's connection to the same database, for changes and locks made behind the component's
-// back. Each statement must succeed. "BEGIN EXCLUSIVE" and "BEGIN IMMEDIATE" take the write lock as the
-// engine's Write transaction takes it.
+// back. Each statement must succeed. "BEGIN IMMEDIATE" takes the write lock as the engine's Write
+// transaction takes it; "BEGIN EXCLUSIVE" besides keeps every other connection from reading the tables.
 class SecondConnection
 {
 public:
@@ -90,6 +110,7 @@ public:
 
 private:
     QString m_name;
+    bool m_inTransaction = false;
 };
 
 // For tests that run on every engine and statement path:
