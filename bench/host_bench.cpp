@@ -2,7 +2,8 @@
 //   tolvinpt-bench-host FILE|URI...   (databases made by tolvinpt-bench-generate, or host databases on a
 //                                     PostgreSQL server; QT_QPA_PLATFORM=offscreen)
 // Each FILE is copied once to host-FILE beside it and made a host database there: the host's tables,
-// the demo masters and the generator's 40 buyers, the list's indexes. A server database is used as it is.
+// the demo masters and the generator's 40 buyers, the list's indexes. A server database (as
+// pg_bench_server.sh makes it) gets the same in place the first time.
 // 1. First window: from starting tolvinpt-host's start-up (this program run again as a child, through
 //    the host's own runHost) to the end of the first paint of the list, and the child's peak memory.
 // 2. After a call on 10,000 records: the entry call returns (having changed one record and added one,
@@ -132,6 +133,40 @@ void execute(const QSqlDatabase& db, const QString& sql)
     execQuery(db, sql);
 }
 
+// The host's tables, the demo masters and the generator's 40 buyers, the list's indexes.
+void addHostPart(QSqlDatabase db)
+{
+    db.transaction();
+    addHostTables(db);
+    fillDemoMasters(db);
+    for (int id = 1; id <= 40; ++id)
+        execQuery(db,
+                  QStringLiteral("INSERT INTO T_Customer (IDCustomer, Code, Name) VALUES (?, ?, ?) "
+                                 "ON CONFLICT DO NOTHING"),
+                  {id, QStringLiteral("C%1").arg(id, 5, 10, QChar(u'0')), QStringLiteral("得意先%1").arg(id)});
+    if (!db.commit())
+        throw Error(QStringLiteral("cannot commit the host's tables"), 0);
+}
+
+// A server database of generated records (see pg_bench_server.sh) becomes a host database in place, once.
+void makeHostDatabase(const QString& uri)
+{
+    QString error;
+    const std::optional<ServerDatabase> server = parseServerUri(uri, error);
+    const QString connection = QStringLiteral("bench-make");
+    if (!server || !openServerConnection(*server, connection))
+        throw Error(QStringLiteral("cannot open ") + uri, 0);
+    {
+        QSqlDatabase db = QSqlDatabase::database(connection, false);
+        if (readMarks(db).version == 0) {
+            std::printf("making %s a host database (the list's indexes take a while)...\n", qPrintable(uri));
+            std::fflush(stdout);
+            addHostPart(db);
+        }
+    }
+    closeHostDatabase(connection);
+}
+
 // A host database made from the generated one, once; the folder's lock keeps other runs out meanwhile.
 QString hostDatabase(const QString& deliveries)
 {
@@ -150,16 +185,7 @@ QString hostDatabase(const QString& deliveries)
             ScopedConnection connection(part);
             QSqlDatabase db = connection.db();
             db.open();
-            db.transaction();
-            addHostTables(db);
-            fillDemoMasters(db);
-            for (int id = 1; id <= 40; ++id)
-                execQuery(db,
-                          QStringLiteral(
-                              "INSERT OR IGNORE INTO T_Customer (IDCustomer, Code, Name) VALUES (?, ?, ?)"),
-                          {id, QStringLiteral("C%1").arg(id, 5, 10, QChar(u'0')),
-                           QStringLiteral("得意先%1").arg(id)});
-            db.commit();
+            addHostPart(db);
         }
         QFile::rename(part, copy);
     }
@@ -303,6 +329,8 @@ int main(int argc, char** argv)
         QList<Figures> figures;
         for (const QString& file : files) {
             const bool server = isServerUri(file);
+            if (server)
+                makeHostDatabase(file);
             const QString host = server ? file : hostDatabase(file);
             figures.append(
                 {server ? file.section(u'/', -1) : QFileInfo(file).fileName(), host, records(host), {}, {}});
