@@ -259,7 +259,7 @@ AfterCall afterCall(const QString& file)
             QApplication::processEvents();
             // The operator saves one record and splits one: both stay uncommitted and are rolled back.
             calls->during = [&] {
-                execute(db, QStringLiteral("BEGIN"));
+                QSqlDatabase(db).transaction();
                 execute(db, QStringLiteral("UPDATE T_Delivery SET F00007 = F00007 || 'X' WHERE IDData = %1")
                                 .arg(first.data(Qt::UserRole).toLongLong()));
                 execute(db,
@@ -269,7 +269,7 @@ AfterCall afterCall(const QString& file)
             open->trigger();
             window.repaint();
             const double after = msSince(calls->returned);
-            execute(db, QStringLiteral("ROLLBACK"));
+            QSqlDatabase(db).rollback();
             kept = kept && calls->records == result.records &&
                    view->selectionModel()->selectedRows().size() == result.records;
             if (round > 0) { // the first round warms the caches

@@ -52,12 +52,13 @@ start)
     [ -x "$generator" ] || { echo "No $generator: build the benchmarks first (bench/README.md)" >&2; exit 1; }
     first=false
     [ -f "$conf" ] || first=true
-    TMPDIR=$data/pg "$server" start "$conf"
+    # The server must not inherit the lock.
+    TMPDIR=$data/pg "$server" start "$conf" 9>&-
     if $first; then
         sql postgres -c "ALTER SYSTEM SET shared_buffers = '1GB'" -c "ALTER SYSTEM SET work_mem = '16MB'" \
             -c "ALTER SYSTEM SET maintenance_work_mem = '512MB'" -c "ALTER SYSTEM SET max_wal_size = '4GB'"
         "$server" pause "$conf"
-        "$server" start "$conf"
+        "$server" start "$conf" 9>&-
     fi
     for size in 10k:10000 1m:1000000; do
         make_deliveries "deliveries_${size%%:*}" "${size#*:}" "$generator"

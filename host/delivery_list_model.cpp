@@ -13,7 +13,7 @@
 #include <QSet>
 
 #include <algorithm>
-#include <utility>
+#include <optional>
 
 namespace tolvinpt::host {
 namespace {
@@ -22,6 +22,8 @@ namespace {
 constexpr int kPageRows = 128;
 // Pages kept: enough for a view and the pages around it, a few hundred kilobytes.
 constexpr int kKeptPages = 24;
+// Rows passed over per statement when finding the rows of records.
+constexpr qint64 kWalkRows = 4096;
 
 QString shownDate(const QVariant& value)
 {
@@ -96,11 +98,9 @@ void DeliveryListModel::show(const ListQuery& query)
 
 void DeliveryListModel::refreshAfter(const QList<qint64>& ids)
 {
+    const db::SqlDialect& dialect = dialectOf(db());
     const auto among = [&](const ListQuery& query) {
-        qint64 found = 0;
-        for (const Statement& statement : query.among(QStringLiteral("COUNT(*)"), ids, false))
-            found += number(statement);
-        return found;
+        return number(query.among(QStringLiteral("COUNT(*)"), ids, dialect, false));
     };
     const auto added = [&](const ListQuery& query) {
         return number(query.newerThan(QStringLiteral("COUNT(*)"), m_maxId));
@@ -254,47 +254,41 @@ QList<qint64> DeliveryListModel::idsOfRows(const QList<RowSpan>& spans) const
 
 QList<std::pair<int, qint64>> DeliveryListModel::rowsOf(const QList<qint64>& ids) const
 {
-    // Those that the list shows; the first of each statement's share in list order, then the first of
-    // those, until one is left.
+    // Those that the list shows, and the first of them in list order.
     QSet<qint64> shown;
-    QList<ListPlace> firsts;
-    const auto readFirsts = [&](const QList<qint64>& among) {
-        firsts.clear();
-        for (const Statement& statement : m_query.among(m_query.placeSelect(), among)) {
-            bool firstOfShare = true;
-            scan({statement}, [&](const QSqlQuery& query) {
-                const qint64 id = query.value(1).toLongLong();
-                if (std::exchange(firstOfShare, false))
-                    firsts.append({query.value(0), id});
-                shown.insert(id);
-                return true;
-            });
-        }
-    };
-    readFirsts(ids);
-    while (firsts.size() > 1) {
-        QList<qint64> firstIds;
-        for (const ListPlace& place : std::as_const(firsts))
-            firstIds << place.id;
-        readFirsts(firstIds);
-    }
-    if (firsts.isEmpty())
+    std::optional<ListPlace> first;
+    scan({m_query.among(m_query.placeSelect(), ids, dialectOf(db()))}, [&](const QSqlQuery& query) {
+        const qint64 id = query.value(1).toLongLong();
+        if (!first)
+            first = ListPlace{query.value(0), id};
+        shown.insert(id);
+        return true;
+    });
+    if (!first)
         return {};
-    const ListPlace first = firsts.first();
-    // Its row is the count of rows before it; the rest are met walking on from there.
+    // Its row is the count of rows before it; the rest are met walking on from there, a bounded stretch
+    // per statement (a server sends every row a statement selects, to the end of the list).
     qint64 row = 0;
-    scan(m_query.countBefore(first), [&](const QSqlQuery& query) {
+    scan(m_query.countBefore(*first), [&](const QSqlQuery& query) {
         row += query.value(0).toLongLong();
         return true;
     });
     QList<std::pair<int, qint64>> rows;
-    scan(m_query.from(m_query.placeSelect(), ListQuery::Forward, first, true), [&](const QSqlQuery& query) {
-        const qint64 id = query.value(1).toLongLong();
-        if (shown.contains(id))
-            rows.append({int(row), id});
-        ++row;
-        return rows.size() < shown.size();
-    });
+    ListPlace place = *first;
+    bool inclusive = true;
+    qint64 walked = kWalkRows;
+    while (rows.size() < shown.size() && walked == kWalkRows) {
+        walked = 0;
+        scan(m_query.from(m_query.placeSelect(), ListQuery::Forward, place, inclusive, kWalkRows),
+             [&](const QSqlQuery& query) {
+                 place = {query.value(0), query.value(1).toLongLong()};
+                 if (shown.contains(place.id))
+                     rows.append({int(row), place.id});
+                 ++row;
+                 return ++walked < kWalkRows && rows.size() < shown.size();
+             });
+        inclusive = false;
+    }
     return rows;
 }
 

@@ -6,6 +6,10 @@
 
 #include <optional>
 
+namespace tolvinpt::db {
+class SqlDialect;
+} // namespace tolvinpt::db
+
 namespace tolvinpt::host {
 
 // What the list shows and sorts by for an unknown quantity and an unknown date: below any real one.
@@ -84,9 +88,10 @@ public:
                           std::optional<qint64> limit = std::nullopt) const;
     // The same as counts (summed, they count the rows before `place`).
     QList<Statement> countBefore(const ListPlace& place) const;
-    // `select` of the records among `ids` that pass the filter, in list order when `ordered`, as one
-    // statement per thousand ids.
-    QList<Statement> among(const QString& select, const QList<qint64>& ids, bool ordered = true) const;
+    // `select` of the records among `ids` that pass the filter, in list order when `ordered`; the ids bound
+    // as one value in the form of `dialect`.
+    Statement among(const QString& select, const QList<qint64>& ids, const db::SqlDialect& dialect,
+                    bool ordered = true) const;
     // `select` of the records above IDData `id` that pass the filter.
     Statement newerThan(const QString& select, qint64 id) const;
 
