@@ -63,7 +63,9 @@ int writeCopy(qint64 records, unsigned seed)
         line = QByteArray::number(id);
         for (const DeliveryColumnInfo& info : deliveryColumns())
             if (info.column != DeliveryColumn::IDData)
-                line += '\t' + copyText(storedValue(dialect, info.column, record.has(info.column) ? record.value(info.column) : QVariant()));
+                line += '\t' + copyText(storedValue(dialect, info.column,
+                                                    record.has(info.column) ? record.value(info.column)
+                                                                            : QVariant()));
         line += '\n';
         std::fwrite(line.constData(), 1, std::size_t(line.size()), stdout);
         for (int i = 0; i < packages.size(); ++i)
@@ -91,7 +93,8 @@ int main(int argc, char** argv)
     }
     const QString file = args[1];
     if (file == u"--copy"_s)
-        return writeCopy(args.size() > 2 ? args[2].toLongLong() : 1000000, args.size() > 3 ? args[3].toUInt() : 1);
+        return writeCopy(args.size() > 2 ? args[2].toLongLong() : 1000000,
+                         args.size() > 3 ? args[3].toUInt() : 1);
     const qint64 records = args.size() > 2 ? args[2].toLongLong() : 1000000;
     const unsigned seed = args.size() > 3 ? args[3].toUInt() : 1;
     QFile::remove(file);

@@ -10,6 +10,7 @@
 //    left uncommitted and rolled back afterwards), the list is refreshed, the 10,000 records selected
 //    again, and the window repainted. Also the time from Enter to the call (the selection read as Items).
 #include "bench/timing.h"
+#include "host/delivery_list_model.h"
 #include "host/demo_data.h"
 #include "host/entry_calls.h"
 #include "host/host_app.h"
@@ -140,10 +141,11 @@ void addHostPart(QSqlDatabase db)
     addHostTables(db);
     fillDemoMasters(db);
     for (int id = 1; id <= 40; ++id)
-        execQuery(db,
-                  QStringLiteral("INSERT INTO T_Customer (IDCustomer, Code, Name) VALUES (?, ?, ?) "
-                                 "ON CONFLICT DO NOTHING"),
-                  {id, QStringLiteral("C%1").arg(id, 5, 10, QChar(u'0')), QStringLiteral("得意先%1").arg(id)});
+        execQuery(
+            db,
+            QStringLiteral("INSERT INTO T_Customer (IDCustomer, Code, Name) VALUES (?, ?, ?) "
+                           "ON CONFLICT DO NOTHING"),
+            {id, QStringLiteral("C%1").arg(id, 5, 10, QChar(u'0')), QStringLiteral("得意先%1").arg(id)});
     if (!db.commit())
         throw Error(QStringLiteral("cannot commit the host's tables"), 0);
 }
@@ -240,6 +242,9 @@ AfterCall afterCall(const QString& file)
         window.show();
         QApplication::processEvents();
         auto* view = window.findChild<QTableView*>(QStringLiteral("deliveryList"));
+        // The list is counted after its first paint.
+        while (!qobject_cast<DeliveryListModel*>(view->model())->counted())
+            QApplication::processEvents();
         auto* open = window.findChild<QAction*>(QStringLiteral("openRecords"));
         const QSqlDatabase db = QSqlDatabase::database(connection, false);
         std::vector<double> afterSamples, toCallSamples;

@@ -6,6 +6,7 @@
 #include <QDateTime>
 #include <QLocale>
 #include <QString>
+#include <QStringList>
 
 #include <libpq-fe.h>
 
@@ -51,6 +52,14 @@ PgValue pgValue(const QVariant& value)
     }
 }
 
+std::vector<std::string> statementTexts(const QStringList& statements)
+{
+    std::vector<std::string> texts;
+    for (const QString& statement : statements)
+        texts.push_back(statement.toStdString());
+    return texts;
+}
+
 RawPgConnection::RawPgConnection(const std::string& uri) : m_connection(PQconnectdb(uri.c_str()))
 {
     if (PQstatus(m_connection) != CONNECTION_OK) {
@@ -69,8 +78,8 @@ int RawPgConnection::prepare(const std::string& sql)
 {
     const int statement = ++m_statements;
     const QString numbered = db::numberedPlaceholders(QString::fromStdString(sql));
-    const Result result(PQprepare(m_connection, name(statement).c_str(), numbered.toUtf8().constData(), 0, nullptr),
-                        PQclear);
+    const Result result(
+        PQprepare(m_connection, name(statement).c_str(), numbered.toUtf8().constData(), 0, nullptr), PQclear);
     if (PQresultStatus(result.get()) != PGRES_COMMAND_OK)
         throw std::runtime_error(PQerrorMessage(m_connection));
     return statement;
@@ -84,8 +93,8 @@ std::vector<int> RawPgConnection::prepareAll(const std::vector<std::string>& sql
     return statements;
 }
 
-std::size_t RawPgConnection::run(int statement, const std::vector<PgValue>& values, std::vector<PgValue>* rows,
-                                 int copied)
+std::size_t RawPgConnection::run(int statement, const std::vector<PgValue>& values,
+                                 std::vector<PgValue>* rows, int copied)
 {
     std::vector<const char*> texts;
     texts.reserve(values.size());
@@ -103,10 +112,11 @@ std::size_t RawPgConnection::run(int statement, const std::vector<PgValue>& valu
         const int columns = PQnfields(result.get());
         for (int row = 0; row < std::min(count, copied); ++row)
             for (int column = 0; column < columns; ++column)
-                rows->push_back(PQgetisnull(result.get(), row, column)
-                                    ? PgValue()
-                                    : PgValue(std::string(PQgetvalue(result.get(), row, column),
-                                                          std::size_t(PQgetlength(result.get(), row, column)))));
+                rows->push_back(
+                    PQgetisnull(result.get(), row, column)
+                        ? PgValue()
+                        : PgValue(std::string(PQgetvalue(result.get(), row, column),
+                                              std::size_t(PQgetlength(result.get(), row, column)))));
     }
     return std::size_t(count);
 }
@@ -125,7 +135,9 @@ void RawPgConnection::runAll(const std::vector<int>& statements)
         run(statement, {});
 }
 
-RawPgStore::RawPgStore(const std::string& uri, const RawPgStatements& sql) : m_connection(uri)
+RawPgStore::RawPgStore(const std::string& uri, const RawStatements& sql,
+                       const std::vector<std::string>& beginRead, const std::vector<std::string>& beginWrite)
+    : m_connection(uri)
 {
     m_read = m_connection.prepare(sql.readRecord);
     m_find = m_connection.prepare(sql.findByKey);
@@ -133,8 +145,8 @@ RawPgStore::RawPgStore(const std::string& uri, const RawPgStatements& sql) : m_c
     m_deletePackages = m_connection.prepare("DELETE FROM T_DeliveryQTY WHERE IDData = ?");
     m_delete = m_connection.prepare("DELETE FROM T_Delivery WHERE IDData = ?");
     m_commit = m_connection.prepare("COMMIT");
-    m_beginRead = m_connection.prepareAll(sql.beginRead);
-    m_beginWrite = m_connection.prepareAll(sql.beginWrite);
+    m_beginRead = m_connection.prepareAll(beginRead);
+    m_beginWrite = m_connection.prepareAll(beginWrite);
 }
 
 std::size_t RawPgStore::readRecord(std::int64_t id)
@@ -166,7 +178,9 @@ void RawPgStore::insertAndDelete(const std::vector<PgValue>& values)
     m_connection.run(m_commit, {});
 }
 
-RawPgSave::RawPgSave(const std::string& uri, const RawPgSaveStatements& sql) : m_connection(uri)
+RawPgSave::RawPgSave(const std::string& uri, const RawSaveStatements& sql,
+                     const std::vector<std::string>& beginWrite)
+    : m_connection(uri)
 {
     m_find = m_connection.prepare(sql.findByKey);
     m_read = m_connection.prepare(sql.readRecord);
@@ -177,7 +191,7 @@ RawPgSave::RawPgSave(const std::string& uri, const RawPgSaveStatements& sql) : m
     m_insertPackage = m_connection.prepare(sql.insertPackage);
     m_search = m_connection.prepare(sql.searchWithRange);
     m_commit = m_connection.prepare("COMMIT");
-    m_beginWrite = m_connection.prepareAll(sql.beginWrite);
+    m_beginWrite = m_connection.prepareAll(beginWrite);
 }
 
 std::optional<std::int64_t> RawPgSave::findByOrderKey(std::int64_t customer, const std::string& order,

@@ -3,6 +3,8 @@
 // The PostgreSQL benchmarks' baseline: the same statements through libpq alone, on a connection of its
 // own. Like our layer, it prepares each statement once on the server and sends and reads values as text.
 
+#include "bench/raw_save.h"
+
 #include <QVariant>
 
 #include <climits>
@@ -21,6 +23,8 @@ using PgValue = std::optional<std::string>;
 
 // A value as our layer would send it (see PostgresqlStatement::bind), converted before any timing.
 PgValue pgValue(const QVariant& value);
+// Statement texts as the raw side takes them.
+std::vector<std::string> statementTexts(const QStringList& statements);
 
 class RawPgConnection
 {
@@ -49,19 +53,12 @@ private:
     int m_statements = 0;
 };
 
-// The store benchmark's statements (see RawSqlite), and the transactions as our layer opens them.
-struct RawPgStatements
-{
-    std::string readRecord;   // IDData
-    std::string findByKey;    // customer, order number, delivery key
-    std::string insertRecord; // one '?' per value; returns IDData
-    std::vector<std::string> beginRead, beginWrite;
-};
-
 class RawPgStore
 {
 public:
-    RawPgStore(const std::string& uri, const RawPgStatements& sql);
+    // The statements of RawSqlite; the transactions begin with the statements our layer begins them with.
+    RawPgStore(const std::string& uri, const RawStatements& sql, const std::vector<std::string>& beginRead,
+               const std::vector<std::string>& beginWrite);
 
     std::size_t readRecord(std::int64_t id);
     std::optional<std::int64_t> findByOrderKey(std::int64_t customer, const std::string& order,
@@ -78,24 +75,12 @@ private:
     std::vector<PgValue> m_row;
 };
 
-// The save benchmark's statements (see RawSave), and a write transaction as our layer opens it.
-struct RawPgSaveStatements
-{
-    std::string findByKey;       // customer, order number, delivery key
-    std::string readRecord;      // IDData
-    std::string readPackages;    // IDData
-    std::string updateDetail;    // the detail's values, then IDData
-    std::string updatePackages;  // mode, quantity, IDData
-    std::string deletePackages;  // IDData
-    std::string insertPackage;   // IDData, Sequence, Quantity
-    std::string searchWithRange; // customer, from, to, pattern
-    std::vector<std::string> beginWrite;
-};
-
 class RawPgSave
 {
 public:
-    RawPgSave(const std::string& uri, const RawPgSaveStatements& sql);
+    // The statements of RawSave; a write transaction begins with the statements our layer begins it with.
+    RawPgSave(const std::string& uri, const RawSaveStatements& sql,
+              const std::vector<std::string>& beginWrite);
 
     std::optional<std::int64_t> findByOrderKey(std::int64_t customer, const std::string& order,
                                                const std::string& key);
@@ -109,8 +94,8 @@ public:
 
 private:
     RawPgConnection m_connection;
-    int m_find, m_read, m_readPackages, m_update, m_updatePackages, m_deletePackages, m_insertPackage, m_search,
-        m_commit;
+    int m_find, m_read, m_readPackages, m_update, m_updatePackages, m_deletePackages, m_insertPackage,
+        m_search, m_commit;
     std::vector<int> m_beginWrite;
     std::vector<PgValue> m_row;
 };

@@ -137,8 +137,8 @@ void sampleKeys(db::Database& database, std::vector<Key>& live, std::vector<Key>
 }
 
 // The raw side's values: what our layer binds, converted before any timing.
-template <typename Convert> auto rawDetails(const db::SqlDialect& dialect, const DeliveryRecord& rawDetail,
-                                            Convert convert)
+template <typename Convert>
+auto rawDetails(const db::SqlDialect& dialect, const DeliveryRecord& rawDetail, Convert convert)
 {
     std::array<std::vector<decltype(convert(QVariant()))>, 2> values;
     for (int parity = 0; parity < 2; ++parity) {
@@ -146,23 +146,16 @@ template <typename Convert> auto rawDetails(const db::SqlDialect& dialect, const
         detail.set(C::F00022, u"changed %1"_s.arg(parity));
         for (const DeliveryColumnInfo& info : deliveryColumns()) {
             if (info.writer == Writer::DetailSave && detail.has(info.column))
-                values[parity].push_back(convert(storedValue(dialect, info.column, detail.value(info.column))));
+                values[parity].push_back(
+                    convert(storedValue(dialect, info.column, detail.value(info.column))));
         }
     }
     return values;
 }
 
-std::vector<std::string> texts(const QStringList& statements)
-{
-    std::vector<std::string> result;
-    for (const QString& statement : statements)
-        result.push_back(statement.toStdString());
-    return result;
-}
-
 template <typename Raw, typename Values>
 void measureWith(db::Database& ours, Raw& raw, const QString& source, const std::pair<qint64, qint64>& saved,
-             const std::array<Values, 2>& rawValues, const std::function<void()>& stopSyncing)
+                 const std::array<Values, 2>& rawValues, const std::function<void()>& stopSyncing)
 {
     const db::SqlDialect& dialect = ours.dialect();
     const auto [oursId, rawId] = saved;
@@ -212,7 +205,8 @@ void measureWith(db::Database& ours, Raw& raw, const QString& source, const std:
     };
     const auto searchOf = [&](const QString& pattern) {
         const LikeMatch match = likeMatch(dialect, u"F00007"_s, pattern);
-        return Search{match.values.at(0).toString().toStdString(), match.values.at(1).toString().toStdString(),
+        return Search{match.values.at(0).toString().toStdString(),
+                      match.values.at(1).toString().toStdString(),
                       match.values.at(2).toString().toStdString()};
     };
     std::vector<Search> singleSearches;
@@ -230,7 +224,9 @@ void measureWith(db::Database& ours, Raw& raw, const QString& source, const std:
     const auto searchSharedOurs = [&](int) {
         sink += findOrderRecord(ours, BenchCustomer, SharedOrder)->has(C::F00022);
     };
-    const auto searchSharedRaw = [&](int) { sink += raw.search(BenchCustomer, shared.from, shared.to, shared.match); };
+    const auto searchSharedRaw = [&](int) {
+        sink += raw.search(BenchCustomer, shared.from, shared.to, shared.match);
+    };
 
     const qint64 rows = ours.scalar(u"SELECT COUNT(*) FROM T_Delivery"_s)->toLongLong();
     std::printf("%s: %lld records (copy)\n  %-40s %9s %9s %8s\n", qPrintable(source),
@@ -250,22 +246,18 @@ int measure(const QString& source, const QString& copy)
     const db::SqlDialect& dialect = ours.dialect();
     const auto saved = prepare(ours);
     const DeliveryRecord rawDetail = detailOf(*readDeliveryRecord(ours, saved.second));
-    const QString search = orderSearchSql(dialect, true);
+    const bench::RawSaveStatements sql{
+        orderKeySql(dialect).toStdString(),  deliveryRecordSql().toStdString(),
+        packageRowsSql().toStdString(),      detailUpdateSql(rawDetail).toStdString(),
+        packageModeSql().toStdString(),      packageRowsDeleteSql().toStdString(),
+        packageRowInsertSql().toStdString(), orderSearchSql(dialect, true).toStdString()};
     if (bench::isServer(copy)) {
-        bench::RawPgSave raw(copy.toStdString(),
-                             {orderKeySql(dialect).toStdString(), deliveryRecordSql().toStdString(),
-                              packageRowsSql().toStdString(), detailUpdateSql(rawDetail).toStdString(),
-                              packageModeSql().toStdString(), packageRowsDeleteSql().toStdString(),
-                              packageRowInsertSql().toStdString(), search.toStdString(),
-                              texts(dialect.beginTransaction(db::TransactionKind::Write))});
+        bench::RawPgSave raw(copy.toStdString(), sql,
+                             bench::statementTexts(dialect.beginTransaction(db::TransactionKind::Write)));
         // Both sides on one server: its syncing cannot be told apart (the benchmark cluster runs without).
         measureWith(ours, raw, source, saved, rawDetails(dialect, rawDetail, bench::pgValue), [] {});
     } else {
-        bench::RawSave raw(copy.toStdString(),
-                           {orderKeySql(dialect).toStdString(), deliveryRecordSql().toStdString(),
-                            packageRowsSql().toStdString(), detailUpdateSql(rawDetail).toStdString(),
-                            packageModeSql().toStdString(), packageRowsDeleteSql().toStdString(),
-                            packageRowInsertSql().toStdString(), search.toStdString()});
+        bench::RawSave raw(copy.toStdString(), sql);
         measureWith(ours, raw, source, saved, rawDetails(dialect, rawDetail, bench::rawValue), [&] {
             ours.execute(u"PRAGMA synchronous = OFF"_s);
             raw.execute("PRAGMA synchronous = OFF");

@@ -124,7 +124,8 @@ Sample sample(db::Database& ours)
 }
 
 // The new record's values as `convert` makes them of ours, before any timing.
-template <typename Convert> auto newValues(const db::Database& ours, const DeliveryRecord& record, Convert convert)
+template <typename Convert>
+auto newValues(const db::Database& ours, const DeliveryRecord& record, Convert convert)
 {
     std::vector<decltype(convert(QVariant()))> values;
     for (const DeliveryColumnInfo& info : deliveryColumns()) {
@@ -174,14 +175,6 @@ void measure(db::Database& ours, Raw& raw, const Sample& s, const Values& rawVal
     std::printf("  (checksum %zu)\n", sink);
 }
 
-std::vector<std::string> texts(const QStringList& statements)
-{
-    std::vector<std::string> result;
-    for (const QString& statement : statements)
-        result.push_back(statement.toStdString());
-    return result;
-}
-
 int benchmark(const QString& target, db::Database::StatementPath path)
 {
     db::Database ours(bench::openDatabase(target, target), path);
@@ -195,9 +188,9 @@ int benchmark(const QString& target, db::Database::StatementPath path)
         // The same transactions as ours: a snapshot for the reads, the writers' lock for the write.
         bench::RawPgStore raw(target.toStdString(),
                               {deliveryRecordSql().toStdString(), orderKeySql(dialect).toStdString(),
-                               insert + " RETURNING IDData",
-                               texts(dialect.beginTransaction(db::TransactionKind::Read)),
-                               texts(dialect.beginTransaction(db::TransactionKind::Write))});
+                               insert + " RETURNING IDData"},
+                              bench::statementTexts(dialect.beginTransaction(db::TransactionKind::Read)),
+                              bench::statementTexts(dialect.beginTransaction(db::TransactionKind::Write)));
         measure(ours, raw, s, newValues(ours, s.newRecord, bench::pgValue));
     } else {
         bench::RawSqlite raw(target.toStdString(),

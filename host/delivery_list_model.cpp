@@ -56,6 +56,15 @@ DeliveryListModel::DeliveryListModel(QString connectionName, QObject* parent)
 {
 }
 
+DeliveryListModel::Row DeliveryListModel::rowOf(const QSqlQuery& query)
+{
+    Row row;
+    for (int column = 0; column < ListColumnCount; ++column)
+        row.values[column] = query.value(column);
+    row.inWasteBox = query.value(ListColumnCount).toLongLong() != 0;
+    return row;
+}
+
 QSqlDatabase DeliveryListModel::db() const
 {
     return QSqlDatabase::database(m_connectionName, false);
@@ -77,27 +86,76 @@ qint64 DeliveryListModel::number(const Statement& statement) const
     return query.next() ? query.value(0).toLongLong() : 0;
 }
 
-void DeliveryListModel::show(const ListQuery& query)
+DeliveryListModel::Counts DeliveryListModel::readCounts(const ListQuery& query) const
 {
     // Counting a million index entries takes a while; the usual list is counted from its few exceptions.
     const qint64 total = number(kAllRecords.count());
-    const qint64 count =
-        query.filter() == ListFilter{} ? total - number(ListQuery::wasteBoxCount()) : number(query.count());
+    return {query.filter() == ListFilter{} ? total - number(ListQuery::wasteBoxCount())
+                                           : number(query.count()),
+            total};
+}
+
+void DeliveryListModel::reset(const ListQuery& query, const Counts& counts, QList<Row> firstPage)
+{
     const qint64 maxId = number({QStringLiteral("SELECT MAX(IDData) FROM T_Delivery"), {}});
     QList<CustomerEntry> customers = readCustomers();
     beginResetModel();
     m_query = query;
-    m_count = count;
-    m_total = total;
+    m_count = counts.shown;
+    m_total = counts.total;
     m_maxId = maxId;
     m_customers = std::move(customers);
     m_pages.clear();
+    if (!firstPage.isEmpty())
+        m_pages.insert(0, {std::move(firstPage), ++m_clock});
     m_failureReported = false;
     endResetModel();
 }
 
+void DeliveryListModel::show(const ListQuery& query)
+{
+    const Counts counts = readCounts(query);
+    reset(query, counts);
+    m_counted = true;
+}
+
+void DeliveryListModel::showCountingLater(const ListQuery& query)
+{
+    // The first page and a row more: whether there is more to count.
+    QList<Row> rows;
+    scan({query.fromEnd(ListQuery::rowSelect(), ListQuery::Forward, 0, kPageRows + 1)},
+         [&](const QSqlQuery& q) {
+             rows.append(rowOf(q));
+             return true;
+         });
+    const qint64 read = rows.size();
+    rows = rows.mid(0, kPageRows);
+    reset(query, {read, read}, std::move(rows));
+    m_counted = false;
+}
+
+void DeliveryListModel::countRows()
+{
+    if (m_counted)
+        return;
+    const Counts counts = readCounts(m_query);
+    m_total = counts.total;
+    m_counted = true;
+    if (counts.shown > m_count) {
+        beginInsertRows({}, int(m_count), int(counts.shown - 1));
+        m_count = counts.shown;
+        endInsertRows();
+    } else if (counts.shown < m_count) { // records went between the first page and the count
+        beginResetModel();
+        m_count = counts.shown;
+        m_pages.clear();
+        endResetModel();
+    }
+}
+
 void DeliveryListModel::refreshAfter(const QList<qint64>& ids)
 {
+    countRows();
     const db::SqlDialect& dialect = dialectOf(db());
     const auto among = [&](const ListQuery& query) {
         return number(query.among(QStringLiteral("COUNT(*)"), ids, dialect, false));
@@ -155,11 +213,7 @@ QList<DeliveryListModel::Row> DeliveryListModel::readRows(int first, int count) 
 {
     QList<Row> rows;
     const Take take = [&](const QSqlQuery& query) {
-        Row row;
-        for (int column = 0; column < ListColumnCount; ++column)
-            row.values[column] = query.value(column);
-        row.inWasteBox = query.value(ListColumnCount).toLongLong() != 0;
-        rows.append(row);
+        rows.append(rowOf(query));
         return rows.size() < count;
     };
     // From a neighbouring row already read when there is one (scrolling), else from the nearer end.

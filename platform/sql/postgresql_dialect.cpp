@@ -46,7 +46,8 @@ public:
     QString isFalse(const QString& column) const override { return column + u" = false"_s; }
     QString inIntegerList(const QString& column) const override
     {
-        return column + u" IN (SELECT CAST(value AS bigint) FROM json_array_elements_text(CAST(? AS json)))"_s;
+        return column +
+               u" IN (SELECT CAST(value AS bigint) FROM json_array_elements_text(CAST(? AS json)))"_s;
     }
     QString insertDefaultRow(const QString& table, const QString& keyColumn) const override
     {
