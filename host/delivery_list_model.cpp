@@ -86,6 +86,13 @@ qint64 DeliveryListModel::number(const Statement& statement) const
     return query.next() ? query.value(0).toLongLong() : 0;
 }
 
+std::pair<qint64, qint64> DeliveryListModel::numbers(const Statement& statement) const
+{
+    QSqlQuery query = execQuery(db(), statement.sql, statement.values);
+    return query.next() ? std::pair(query.value(0).toLongLong(), query.value(1).toLongLong())
+                        : std::pair(0LL, 0LL);
+}
+
 DeliveryListModel::Counts DeliveryListModel::readCounts(const ListQuery& query) const
 {
     // Counting a million index entries takes a while; the usual list is counted from its few exceptions.
@@ -156,15 +163,10 @@ void DeliveryListModel::countRows()
 void DeliveryListModel::refreshAfter(const QList<qint64>& ids)
 {
     countRows();
-    const db::SqlDialect& dialect = dialectOf(db());
-    const auto among = [&](const ListQuery& query) {
-        return number(query.among(QStringLiteral("COUNT(*)"), ids, dialect, false));
-    };
-    const auto added = [&](const ListQuery& query) {
-        return number(query.newerThan(QStringLiteral("COUNT(*)"), m_maxId));
-    };
-    const qint64 count = m_count - ids.size() + among(m_query) + added(m_query);
-    const qint64 total = m_total - ids.size() + among(kAllRecords) + added(kAllRecords);
+    const auto [amongAll, amongShown] = numbers(m_query.countsAmong(ids, dialectOf(db())));
+    const auto [addedAll, addedShown] = numbers(m_query.countsNewerThan(m_maxId));
+    const qint64 count = m_count - ids.size() + amongShown + addedShown;
+    const qint64 total = m_total - ids.size() + amongAll + addedAll;
     const qint64 maxId =
         std::max(m_maxId, number({QStringLiteral("SELECT MAX(IDData) FROM T_Delivery"), {}}));
     beginResetModel();

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <functional>
+#include <utility>
 
 namespace tolvinpt {
 class Error;
@@ -111,6 +112,7 @@ private:
     void reset(const ListQuery& query, const Counts& counts, QList<Row> firstPage = {});
     void scan(const QList<Statement>& statements, const Take& take) const;
     qint64 number(const Statement& statement) const;
+    std::pair<qint64, qint64> numbers(const Statement& statement) const;
     const Row* cachedRow(int row) const;
     const Row& row(int row) const;
     ListPlace placeOf(const Row& row) const;

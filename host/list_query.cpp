@@ -228,14 +228,26 @@ Statement ListQuery::among(const QString& select, const QList<qint64>& ids, cons
     return statement;
 }
 
-Statement ListQuery::newerThan(const QString& select, qint64 id) const
+Statement ListQuery::counts(const QString& range, const QVariant& value) const
 {
     Statement statement;
-    statement.values << id;
     const QString conditions = where(statement.values, Use::Search);
-    statement.sql = QStringLiteral("SELECT %1 FROM T_Delivery WHERE IDData > ?%2")
-                        .arg(select, conditions.isEmpty() ? QString() : QStringLiteral(" AND ") + conditions);
+    statement.values << value;
+    statement.sql =
+        QStringLiteral(
+            "SELECT COUNT(*), COALESCE(SUM(CASE WHEN %1 THEN 1 ELSE 0 END), 0) FROM T_Delivery WHERE %2")
+            .arg(conditions.isEmpty() ? QStringLiteral("1 = 1") : conditions, range);
     return statement;
+}
+
+Statement ListQuery::countsAmong(const QList<qint64>& ids, const db::SqlDialect& dialect) const
+{
+    return counts(dialect.inIntegerList(QStringLiteral("IDData")), db::SqlDialect::integerListValue(ids));
+}
+
+Statement ListQuery::countsNewerThan(qint64 id) const
+{
+    return counts(QStringLiteral("IDData > ?"), id);
 }
 
 } // namespace tolvinpt::host
