@@ -2,13 +2,15 @@
 //   tolvinpt-bench-host FILE|URI...   (databases made by tolvinpt-bench-generate, or host databases on a
 //                                     PostgreSQL server; QT_QPA_PLATFORM=offscreen)
 // Each FILE is copied once to host-FILE beside it and made a host database there: the host's tables,
-// the demo masters and the generator's 40 buyers, the list's indexes. A server database is used as it is.
+// the demo masters and the generator's 40 buyers, the list's indexes. A server database (as
+// pg_bench_server.sh makes it) gets the same in place the first time.
 // 1. First window: from starting tolvinpt-host's start-up (this program run again as a child, through
 //    the host's own runHost) to the end of the first paint of the list, and the child's peak memory.
 // 2. After a call on 10,000 records: the entry call returns (having changed one record and added one,
 //    left uncommitted and rolled back afterwards), the list is refreshed, the 10,000 records selected
 //    again, and the window repainted. Also the time from Enter to the call (the selection read as Items).
 #include "bench/timing.h"
+#include "host/delivery_list_model.h"
 #include "host/demo_data.h"
 #include "host/entry_calls.h"
 #include "host/host_app.h"
@@ -132,6 +134,41 @@ void execute(const QSqlDatabase& db, const QString& sql)
     execQuery(db, sql);
 }
 
+// The host's tables, the demo masters and the generator's 40 buyers, the list's indexes.
+void addHostPart(QSqlDatabase db)
+{
+    db.transaction();
+    addHostTables(db);
+    fillDemoMasters(db);
+    for (int id = 1; id <= 40; ++id)
+        execQuery(
+            db,
+            QStringLiteral("INSERT INTO T_Customer (IDCustomer, Code, Name) VALUES (?, ?, ?) "
+                           "ON CONFLICT DO NOTHING"),
+            {id, QStringLiteral("C%1").arg(id, 5, 10, QChar(u'0')), QStringLiteral("得意先%1").arg(id)});
+    if (!db.commit())
+        throw Error(QStringLiteral("cannot commit the host's tables"), 0);
+}
+
+// A server database of generated records (see pg_bench_server.sh) becomes a host database in place, once.
+void makeHostDatabase(const QString& uri)
+{
+    QString error;
+    const std::optional<ServerDatabase> server = parseServerUri(uri, error);
+    const QString connection = QStringLiteral("bench-make");
+    if (!server || !openServerConnection(*server, connection))
+        throw Error(QStringLiteral("cannot open ") + uri, 0);
+    {
+        QSqlDatabase db = QSqlDatabase::database(connection, false);
+        if (readMarks(db).version == 0) {
+            std::printf("making %s a host database (the list's indexes take a while)...\n", qPrintable(uri));
+            std::fflush(stdout);
+            addHostPart(db);
+        }
+    }
+    closeHostDatabase(connection);
+}
+
 // A host database made from the generated one, once; the folder's lock keeps other runs out meanwhile.
 QString hostDatabase(const QString& deliveries)
 {
@@ -150,16 +187,7 @@ QString hostDatabase(const QString& deliveries)
             ScopedConnection connection(part);
             QSqlDatabase db = connection.db();
             db.open();
-            db.transaction();
-            addHostTables(db);
-            fillDemoMasters(db);
-            for (int id = 1; id <= 40; ++id)
-                execQuery(db,
-                          QStringLiteral(
-                              "INSERT OR IGNORE INTO T_Customer (IDCustomer, Code, Name) VALUES (?, ?, ?)"),
-                          {id, QStringLiteral("C%1").arg(id, 5, 10, QChar(u'0')),
-                           QStringLiteral("得意先%1").arg(id)});
-            db.commit();
+            addHostPart(db);
         }
         QFile::rename(part, copy);
     }
@@ -214,6 +242,9 @@ AfterCall afterCall(const QString& file)
         window.show();
         QApplication::processEvents();
         auto* view = window.findChild<QTableView*>(QStringLiteral("deliveryList"));
+        // The list is counted after its first paint.
+        while (!qobject_cast<DeliveryListModel*>(view->model())->counted())
+            QApplication::processEvents();
         auto* open = window.findChild<QAction*>(QStringLiteral("openRecords"));
         const QSqlDatabase db = QSqlDatabase::database(connection, false);
         std::vector<double> afterSamples, toCallSamples;
@@ -233,7 +264,7 @@ AfterCall afterCall(const QString& file)
             QApplication::processEvents();
             // The operator saves one record and splits one: both stay uncommitted and are rolled back.
             calls->during = [&] {
-                execute(db, QStringLiteral("BEGIN"));
+                QSqlDatabase(db).transaction();
                 execute(db, QStringLiteral("UPDATE T_Delivery SET F00007 = F00007 || 'X' WHERE IDData = %1")
                                 .arg(first.data(Qt::UserRole).toLongLong()));
                 execute(db,
@@ -243,7 +274,7 @@ AfterCall afterCall(const QString& file)
             open->trigger();
             window.repaint();
             const double after = msSince(calls->returned);
-            execute(db, QStringLiteral("ROLLBACK"));
+            QSqlDatabase(db).rollback();
             kept = kept && calls->records == result.records &&
                    view->selectionModel()->selectedRows().size() == result.records;
             if (round > 0) { // the first round warms the caches
@@ -303,6 +334,8 @@ int main(int argc, char** argv)
         QList<Figures> figures;
         for (const QString& file : files) {
             const bool server = isServerUri(file);
+            if (server)
+                makeHostDatabase(file);
             const QString host = server ? file : hostDatabase(file);
             figures.append(
                 {server ? file.section(u'/', -1) : QFileInfo(file).fileName(), host, records(host), {}, {}});

@@ -4,22 +4,26 @@
 // Then, per operation, the median time per call of our layer and of the C API, and their ratio:
 // the save of a changed record with 100 packages (with the file's own syncing, and without syncing so
 // that the layers' own costs show), the duplicate-key check, the order search hitting 1 and 1,000 rows.
+#include "bench/bench_database.h"
 #include "bench/database_copies.h"
 #include "bench/delivery_generator.h"
+#include "bench/raw_libpq.h"
 #include "bench/raw_save.h"
 #include "bench/timing.h"
 #include "platform/sql/database.h"
-#include "platform/sql/jet_like.h"
 #include "platform/sql/sql_dialect.h"
 #include "platform/sql/transaction.h"
 #include "store/delivery_reads.h"
 #include "store/delivery_save.h"
 #include "store/delivery_writes.h"
+#include "store/like_match.h"
 
 #include <QSqlDatabase>
 #include <QSqlError>
 
+#include <array>
 #include <cstdio>
+#include <functional>
 #include <random>
 
 using namespace Qt::StringLiterals;
@@ -132,17 +136,29 @@ void sampleKeys(db::Database& database, std::vector<Key>& live, std::vector<Key>
     }
 }
 
-int measure(const QString& source, const QString& file)
+// The raw side's values: what our layer binds, converted before any timing.
+template <typename Convert>
+auto rawDetails(const db::SqlDialect& dialect, const DeliveryRecord& rawDetail, Convert convert)
 {
-    QSqlDatabase connection = QSqlDatabase::addDatabase(u"QSQLITE"_s, file);
-    connection.setDatabaseName(file);
-    if (!connection.open()) {
-        std::fprintf(stderr, "%s\n", qPrintable(connection.lastError().text()));
-        return 1;
+    std::array<std::vector<decltype(convert(QVariant()))>, 2> values;
+    for (int parity = 0; parity < 2; ++parity) {
+        DeliveryRecord detail = rawDetail;
+        detail.set(C::F00022, u"changed %1"_s.arg(parity));
+        for (const DeliveryColumnInfo& info : deliveryColumns()) {
+            if (info.writer == Writer::DetailSave && detail.has(info.column))
+                values[parity].push_back(
+                    convert(storedValue(dialect, info.column, detail.value(info.column))));
+        }
     }
-    db::Database ours(connection);
+    return values;
+}
+
+template <typename Raw, typename Values>
+void measureWith(db::Database& ours, Raw& raw, const QString& source, const std::pair<qint64, qint64>& saved,
+                 const std::array<Values, 2>& rawValues, const std::function<void()>& stopSyncing)
+{
     const db::SqlDialect& dialect = ours.dialect();
-    const auto [oursId, rawId] = prepare(ours);
+    const auto [oursId, rawId] = saved;
     std::vector<Key> live, single;
     sampleKeys(ours, live, single);
 
@@ -156,28 +172,9 @@ int measure(const QString& source, const QString& file)
     save.packages = DeliverySave::Packages{PackageMode::Individual, u"1"_s, {}};
     for (int i = 0; i < MaxPackages; ++i)
         save.packages->quantities[std::size_t(i)] = Currency::fromInteger(i + 1);
-
-    // The same for the C API: the values as our layer binds them, converted beforehand.
-    const DeliveryRecord rawDetail = detailOf(*readDeliveryRecord(ours, rawId));
-    std::vector<RawValue> rawValues[2];
-    for (int parity = 0; parity < 2; ++parity) {
-        DeliveryRecord detail = rawDetail;
-        detail.set(C::F00022, u"changed %1"_s.arg(parity));
-        for (const DeliveryColumnInfo& info : deliveryColumns()) {
-            if (info.writer == Writer::DetailSave && detail.has(info.column))
-                rawValues[parity].push_back(
-                    bench::rawValue(storedValue(dialect, info.column, detail.value(info.column))));
-        }
-    }
     std::vector<std::string> rawPackages;
     for (int i = 1; i <= MaxPackages; ++i)
         rawPackages.push_back(dialect.currencyValue(Currency::fromInteger(i)).toString().toStdString());
-
-    bench::RawSave raw(file.toStdString(),
-                       {orderKeySql(dialect).toStdString(), deliveryRecordSql().toStdString(),
-                        packageRowsSql().toStdString(), detailUpdateSql(rawDetail).toStdString(),
-                        packageModeSql().toStdString(), packageRowsDeleteSql().toStdString(),
-                        packageRowInsertSql().toStdString(), orderSearchSql(dialect, true).toStdString()});
     std::size_t sink = 0;
 
     const auto saveOurs = [&](int i) {
@@ -200,42 +197,72 @@ int measure(const QString& source, const QString& file)
         const Key& k = live[std::size_t(i)];
         sink += raw.findByOrderKey(k.customer, k.orderUtf8, k.keyUtf8).value_or(0);
     };
-    // The search's range values for the C API, worked out beforehand (ours works them out per call).
-    const auto rangeOf = [&](const QString& pattern) {
-        const auto range = dialect.textPrefixRange(u"F00007"_s, db::likeLiteralPrefix(pattern)).value();
-        return std::pair(range.from.toString().toStdString(), range.to.toString().toStdString());
+    // The search's values for the raw side (the index range, the match), worked out beforehand; ours
+    // works them out per call.
+    struct Search
+    {
+        std::string from, to, match;
     };
-    std::vector<std::pair<std::string, std::string>> singleRanges;
+    const auto searchOf = [&](const QString& pattern) {
+        const LikeMatch match = likeMatch(dialect, u"F00007"_s, pattern);
+        return Search{match.values.at(0).toString().toStdString(),
+                      match.values.at(1).toString().toStdString(),
+                      match.values.at(2).toString().toStdString()};
+    };
+    std::vector<Search> singleSearches;
     for (const Key& k : single)
-        singleRanges.push_back(rangeOf(k.order));
+        singleSearches.push_back(searchOf(k.order));
     const auto searchOurs = [&](int i) {
         const Key& k = single[std::size_t(i)];
         sink += findOrderRecord(ours, k.customer, k.order)->has(C::F00022);
     };
     const auto searchRaw = [&](int i) {
-        const Key& k = single[std::size_t(i)];
-        sink += raw.search(k.customer, singleRanges[std::size_t(i)].first,
-                           singleRanges[std::size_t(i)].second, k.orderUtf8);
+        const Search& search = singleSearches[std::size_t(i)];
+        sink += raw.search(single[std::size_t(i)].customer, search.from, search.to, search.match);
     };
-    const auto shared = rangeOf(SharedOrder);
+    const Search shared = searchOf(SharedOrder);
     const auto searchSharedOurs = [&](int) {
         sink += findOrderRecord(ours, BenchCustomer, SharedOrder)->has(C::F00022);
     };
     const auto searchSharedRaw = [&](int) {
-        sink += raw.search(BenchCustomer, shared.first, shared.second, SharedOrder.toStdString());
+        sink += raw.search(BenchCustomer, shared.from, shared.to, shared.match);
     };
 
     const qint64 rows = ours.scalar(u"SELECT COUNT(*) FROM T_Delivery"_s)->toLongLong();
     std::printf("%s: %lld records (copy)\n  %-40s %9s %9s %8s\n", qPrintable(source),
                 static_cast<long long>(rows), "operation (median per call)", "ours us", "raw us", "ours/raw");
     print("save, 100 packages (the file's sync)", compare(11, 20, saveOurs, saveRaw));
-    ours.execute(u"PRAGMA synchronous = OFF"_s);
-    raw.execute("PRAGMA synchronous = OFF");
+    stopSyncing();
     print("save, 100 packages (no sync)", compare(7, 50, saveOurs, saveRaw));
     print("duplicate-key check", compare(11, 2000, checkOurs, checkRaw));
     print("order search, 1 row", compare(11, 2000, searchOurs, searchRaw));
     print("order search, 1,000 rows", compare(11, 100, searchSharedOurs, searchSharedRaw));
     std::printf("  (checksum %zu)\n", sink);
+}
+
+int measure(const QString& source, const QString& copy)
+{
+    db::Database ours(bench::openDatabase(copy, copy));
+    const db::SqlDialect& dialect = ours.dialect();
+    const auto saved = prepare(ours);
+    const DeliveryRecord rawDetail = detailOf(*readDeliveryRecord(ours, saved.second));
+    const bench::RawSaveStatements sql{
+        orderKeySql(dialect).toStdString(),  deliveryRecordSql().toStdString(),
+        packageRowsSql().toStdString(),      detailUpdateSql(rawDetail).toStdString(),
+        packageModeSql().toStdString(),      packageRowsDeleteSql().toStdString(),
+        packageRowInsertSql().toStdString(), orderSearchSql(dialect, true).toStdString()};
+    if (bench::isServer(copy)) {
+        bench::RawPgSave raw(copy.toStdString(), sql,
+                             bench::statementTexts(dialect.beginTransaction(db::TransactionKind::Write)));
+        // Both sides on one server: its syncing cannot be told apart (the benchmark cluster runs without).
+        measureWith(ours, raw, source, saved, rawDetails(dialect, rawDetail, bench::pgValue), [] {});
+    } else {
+        bench::RawSave raw(copy.toStdString(), sql);
+        measureWith(ours, raw, source, saved, rawDetails(dialect, rawDetail, bench::rawValue), [&] {
+            ours.execute(u"PRAGMA synchronous = OFF"_s);
+            raw.execute("PRAGMA synchronous = OFF");
+        });
+    }
     return 0;
 }
 

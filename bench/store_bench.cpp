@@ -1,9 +1,12 @@
 // Measures the store layer against the sqlite3 C API running the same statements, in the same run:
-//   tolvinpt-bench-store [--portable] FILE...   (databases made by tolvinpt-bench-generate)
+//   tolvinpt-bench-store [--portable] FILE|URI...   (databases made by tolvinpt-bench-generate, or on a
+//   PostgreSQL server: a postgresql:// URI, measured against libpq)
 // --portable measures the QSqlQuery statement path instead of the native one.
 // For each file: read one record by IDData, find a record by its order key, insert and delete a record in
 // one transaction. Prints the median time per operation over several rounds and the ratio ours/raw.
+#include "bench/bench_database.h"
 #include "bench/delivery_generator.h"
+#include "bench/raw_libpq.h"
 #include "bench/raw_sqlite.h"
 #include "platform/sql/database.h"
 #include "platform/sql/sql_dialect.h"
@@ -91,60 +94,62 @@ void print(const char* operation, const Result& r)
     std::printf("  %-34s %9.2f %9.2f %8.2f\n", operation, r.ours, r.raw, r.ours / r.raw);
 }
 
-int benchmark(const QString& file, db::Database::StatementPath path)
+struct Sample
 {
-    QSqlDatabase connection = QSqlDatabase::addDatabase(u"QSQLITE"_s, file);
-    connection.setDatabaseName(file);
-    if (!connection.open()) {
-        std::fprintf(stderr, "%s\n", qPrintable(connection.lastError().text()));
-        return 1;
-    }
-    db::Database ours(connection, path);
-    const qint64 rows = ours.scalar(u"SELECT COUNT(*) FROM T_Delivery"_s)->toLongLong();
-    const qint64 maxId = ours.scalar(u"SELECT MAX(IDData) FROM T_Delivery"_s)->toLongLong();
-
-    // The same random records for every operation and both sides.
-    std::mt19937_64 random(7);
     std::vector<qint64> ids;
     std::vector<OrderKey> keys;
-    while (ids.size() < 2000) {
+    DeliveryRecord newRecord;
+};
+
+// 2,000 random live records, the same for every operation and both sides, and a record to insert.
+Sample sample(db::Database& ours)
+{
+    const qint64 maxId = ours.scalar(u"SELECT MAX(IDData) FROM T_Delivery"_s)->toLongLong();
+    std::mt19937_64 random(7);
+    Sample s;
+    while (s.ids.size() < 2000) {
         const qint64 id = std::uniform_int_distribution<qint64>(1, maxId)(random);
         const auto record = readDeliveryRecord(ours, id);
         if (!record || record->boolean(DeliveryColumn::InDustBox).value_or(true))
             continue;
-        ids.push_back(id);
+        s.ids.push_back(id);
         const QString order = record->text(DeliveryColumn::F00007).value_or(QString());
         const QString key = record->text(DeliveryColumn::F00159).value_or(QString());
-        keys.push_back({*record->integer(DeliveryColumn::IDCustomer), order, key, order.toStdString(),
-                        key.toStdString()});
+        s.keys.push_back({*record->integer(DeliveryColumn::IDCustomer), order, key, order.toStdString(),
+                          key.toStdString()});
     }
     QList<QVariant> packages;
-    const DeliveryRecord newRecord = bench::DeliveryGenerator(99).next(packages);
-    std::vector<RawValue> newValues;
+    s.newRecord = bench::DeliveryGenerator(99).next(packages);
+    return s;
+}
+
+// The new record's values as `convert` makes them of ours, before any timing.
+template <typename Convert>
+auto newValues(const db::Database& ours, const DeliveryRecord& record, Convert convert)
+{
+    std::vector<decltype(convert(QVariant()))> values;
     for (const DeliveryColumnInfo& info : deliveryColumns()) {
-        if (newRecord.has(info.column))
-            newValues.push_back(
-                rawValue(storedValue(ours.dialect(), info.column, newRecord.value(info.column))));
+        if (record.has(info.column))
+            values.push_back(convert(storedValue(ours.dialect(), info.column, record.value(info.column))));
     }
+    return values;
+}
 
-    bench::RawSqlite raw(file.toStdString(),
-                         {deliveryRecordSql().toStdString(), orderKeySql(ours.dialect()).toStdString(),
-                          deliveryInsertSql(newRecord).toStdString()});
-    const int count = static_cast<int>(ids.size());
+template <typename Raw, typename Values>
+void measure(db::Database& ours, Raw& raw, const Sample& s, const Values& rawValues)
+{
+    const int count = static_cast<int>(s.ids.size());
     std::size_t sink = 0;
-
-    std::printf("%s: %lld records\n  %-34s %9s %9s %8s\n", qPrintable(file), static_cast<long long>(rows),
-                "operation (median per call)", "ours us", "raw us", "ours/raw");
     const auto readOurs = [&](int i) {
-        sink += readDeliveryRecord(ours, ids[i])->has(DeliveryColumn::F00007);
+        sink += readDeliveryRecord(ours, s.ids[i])->has(DeliveryColumn::F00007);
     };
-    const auto readRaw = [&](int i) { sink += raw.readRecord(ids[i]); };
+    const auto readRaw = [&](int i) { sink += raw.readRecord(s.ids[i]); };
     const auto findOurs = [&](int i) {
-        const OrderKey& k = keys[i];
+        const OrderKey& k = s.keys[i];
         sink += findLiveRecordByOrderKey(ours, k.customer, k.order, k.key).value_or(0);
     };
     const auto findRaw = [&](int i) {
-        const OrderKey& k = keys[i];
+        const OrderKey& k = s.keys[i];
         sink += raw.findByOrderKey(k.customer, k.orderUtf8, k.keyUtf8).value_or(0);
     };
     // Each statement on its own, as the entry form runs them: every one takes and drops the file lock.
@@ -163,11 +168,35 @@ int benchmark(const QString& file, db::Database::StatementPath path)
               7, 20,
               [&](int) {
                   db::Transaction transaction(ours, db::Transaction::Kind::Write);
-                  deleteDeliveryRecord(ours, insertDeliveryRecord(ours, newRecord));
+                  deleteDeliveryRecord(ours, insertDeliveryRecord(ours, s.newRecord));
                   transaction.commit();
               },
-              [&](int) { raw.insertAndDelete(newValues); }));
+              [&](int) { raw.insertAndDelete(rawValues); }));
     std::printf("  (checksum %zu)\n", sink);
+}
+
+int benchmark(const QString& target, db::Database::StatementPath path)
+{
+    db::Database ours(bench::openDatabase(target, target), path);
+    const db::SqlDialect& dialect = ours.dialect();
+    const qint64 rows = ours.scalar(u"SELECT COUNT(*) FROM T_Delivery"_s)->toLongLong();
+    const Sample s = sample(ours);
+    std::printf("%s: %lld records\n  %-34s %9s %9s %8s\n", qPrintable(target), static_cast<long long>(rows),
+                "operation (median per call)", "ours us", "raw us", "ours/raw");
+    const std::string insert = deliveryInsertSql(s.newRecord).toStdString();
+    if (bench::isServer(target)) {
+        // The same transactions as ours: a snapshot for the reads, the writers' lock for the write.
+        bench::RawPgStore raw(target.toStdString(),
+                              {deliveryRecordSql().toStdString(), orderKeySql(dialect).toStdString(),
+                               insert + " RETURNING IDData"},
+                              bench::statementTexts(dialect.beginTransaction(db::TransactionKind::Read)),
+                              bench::statementTexts(dialect.beginTransaction(db::TransactionKind::Write)));
+        measure(ours, raw, s, newValues(ours, s.newRecord, bench::pgValue));
+    } else {
+        bench::RawSqlite raw(target.toStdString(),
+                             {deliveryRecordSql().toStdString(), orderKeySql(dialect).toStdString(), insert});
+        measure(ours, raw, s, newValues(ours, s.newRecord, rawValue));
+    }
     return 0;
 }
 
@@ -189,6 +218,9 @@ int main(int argc, char** argv)
             status |= benchmark(file, path);
         } catch (const db::DatabaseError& e) {
             std::fprintf(stderr, "%s: %s\n", qPrintable(file), qPrintable(e.operatorText()));
+            status = 1;
+        } catch (const std::runtime_error& e) {
+            std::fprintf(stderr, "%s: %s\n", qPrintable(file), e.what());
             status = 1;
         }
         QSqlDatabase::removeDatabase(file);

@@ -13,7 +13,7 @@
 #include <QSet>
 
 #include <algorithm>
-#include <utility>
+#include <optional>
 
 namespace tolvinpt::host {
 namespace {
@@ -22,6 +22,8 @@ namespace {
 constexpr int kPageRows = 128;
 // Pages kept: enough for a view and the pages around it, a few hundred kilobytes.
 constexpr int kKeptPages = 24;
+// Rows passed over per statement when finding the rows of records.
+constexpr qint64 kWalkRows = 4096;
 
 QString shownDate(const QVariant& value)
 {
@@ -54,6 +56,15 @@ DeliveryListModel::DeliveryListModel(QString connectionName, QObject* parent)
 {
 }
 
+DeliveryListModel::Row DeliveryListModel::rowOf(const QSqlQuery& query)
+{
+    Row row;
+    for (int column = 0; column < ListColumnCount; ++column)
+        row.values[column] = query.value(column);
+    row.inWasteBox = query.value(ListColumnCount).toLongLong() != 0;
+    return row;
+}
+
 QSqlDatabase DeliveryListModel::db() const
 {
     return QSqlDatabase::database(m_connectionName, false);
@@ -75,38 +86,87 @@ qint64 DeliveryListModel::number(const Statement& statement) const
     return query.next() ? query.value(0).toLongLong() : 0;
 }
 
-void DeliveryListModel::show(const ListQuery& query)
+std::pair<qint64, qint64> DeliveryListModel::numbers(const Statement& statement) const
+{
+    QSqlQuery query = execQuery(db(), statement.sql, statement.values);
+    return query.next() ? std::pair(query.value(0).toLongLong(), query.value(1).toLongLong())
+                        : std::pair(0LL, 0LL);
+}
+
+DeliveryListModel::Counts DeliveryListModel::readCounts(const ListQuery& query) const
 {
     // Counting a million index entries takes a while; the usual list is counted from its few exceptions.
     const qint64 total = number(kAllRecords.count());
-    const qint64 count =
-        query.filter() == ListFilter{} ? total - number(ListQuery::wasteBoxCount()) : number(query.count());
+    return {query.filter() == ListFilter{} ? total - number(ListQuery::wasteBoxCount())
+                                           : number(query.count()),
+            total};
+}
+
+void DeliveryListModel::reset(const ListQuery& query, const Counts& counts, QList<Row> firstPage)
+{
     const qint64 maxId = number({QStringLiteral("SELECT MAX(IDData) FROM T_Delivery"), {}});
     QList<CustomerEntry> customers = readCustomers();
     beginResetModel();
     m_query = query;
-    m_count = count;
-    m_total = total;
+    m_count = counts.shown;
+    m_total = counts.total;
     m_maxId = maxId;
     m_customers = std::move(customers);
     m_pages.clear();
+    if (!firstPage.isEmpty())
+        m_pages.insert(0, {std::move(firstPage), ++m_clock});
     m_failureReported = false;
     endResetModel();
 }
 
+void DeliveryListModel::show(const ListQuery& query)
+{
+    const Counts counts = readCounts(query);
+    reset(query, counts);
+    m_counted = true;
+}
+
+void DeliveryListModel::showCountingLater(const ListQuery& query)
+{
+    // The first page and a row more: whether there is more to count.
+    QList<Row> rows;
+    scan({query.fromEnd(ListQuery::rowSelect(), ListQuery::Forward, 0, kPageRows + 1)},
+         [&](const QSqlQuery& q) {
+             rows.append(rowOf(q));
+             return true;
+         });
+    const qint64 read = rows.size();
+    rows = rows.mid(0, kPageRows);
+    reset(query, {read, read}, std::move(rows));
+    m_counted = false;
+}
+
+void DeliveryListModel::countRows()
+{
+    if (m_counted)
+        return;
+    const Counts counts = readCounts(m_query);
+    m_total = counts.total;
+    m_counted = true;
+    if (counts.shown > m_count) {
+        beginInsertRows({}, int(m_count), int(counts.shown - 1));
+        m_count = counts.shown;
+        endInsertRows();
+    } else if (counts.shown < m_count) { // records went between the first page and the count
+        beginResetModel();
+        m_count = counts.shown;
+        m_pages.clear();
+        endResetModel();
+    }
+}
+
 void DeliveryListModel::refreshAfter(const QList<qint64>& ids)
 {
-    const auto among = [&](const ListQuery& query) {
-        qint64 found = 0;
-        for (const Statement& statement : query.among(QStringLiteral("COUNT(*)"), ids, false))
-            found += number(statement);
-        return found;
-    };
-    const auto added = [&](const ListQuery& query) {
-        return number(query.newerThan(QStringLiteral("COUNT(*)"), m_maxId));
-    };
-    const qint64 count = m_count - ids.size() + among(m_query) + added(m_query);
-    const qint64 total = m_total - ids.size() + among(kAllRecords) + added(kAllRecords);
+    countRows();
+    const auto [amongAll, amongShown] = numbers(m_query.countsAmong(ids, dialectOf(db())));
+    const auto [addedAll, addedShown] = numbers(m_query.countsNewerThan(m_maxId));
+    const qint64 count = m_count - ids.size() + amongShown + addedShown;
+    const qint64 total = m_total - ids.size() + amongAll + addedAll;
     const qint64 maxId =
         std::max(m_maxId, number({QStringLiteral("SELECT MAX(IDData) FROM T_Delivery"), {}}));
     beginResetModel();
@@ -155,11 +215,7 @@ QList<DeliveryListModel::Row> DeliveryListModel::readRows(int first, int count) 
 {
     QList<Row> rows;
     const Take take = [&](const QSqlQuery& query) {
-        Row row;
-        for (int column = 0; column < ListColumnCount; ++column)
-            row.values[column] = query.value(column);
-        row.inWasteBox = query.value(ListColumnCount).toLongLong() != 0;
-        rows.append(row);
+        rows.append(rowOf(query));
         return rows.size() < count;
     };
     // From a neighbouring row already read when there is one (scrolling), else from the nearer end.
@@ -254,47 +310,41 @@ QList<qint64> DeliveryListModel::idsOfRows(const QList<RowSpan>& spans) const
 
 QList<std::pair<int, qint64>> DeliveryListModel::rowsOf(const QList<qint64>& ids) const
 {
-    // Those that the list shows; the first of each statement's share in list order, then the first of
-    // those, until one is left.
+    // Those that the list shows, and the first of them in list order.
     QSet<qint64> shown;
-    QList<ListPlace> firsts;
-    const auto readFirsts = [&](const QList<qint64>& among) {
-        firsts.clear();
-        for (const Statement& statement : m_query.among(m_query.placeSelect(), among)) {
-            bool firstOfShare = true;
-            scan({statement}, [&](const QSqlQuery& query) {
-                const qint64 id = query.value(1).toLongLong();
-                if (std::exchange(firstOfShare, false))
-                    firsts.append({query.value(0), id});
-                shown.insert(id);
-                return true;
-            });
-        }
-    };
-    readFirsts(ids);
-    while (firsts.size() > 1) {
-        QList<qint64> firstIds;
-        for (const ListPlace& place : std::as_const(firsts))
-            firstIds << place.id;
-        readFirsts(firstIds);
-    }
-    if (firsts.isEmpty())
+    std::optional<ListPlace> first;
+    scan({m_query.among(m_query.placeSelect(), ids, dialectOf(db()))}, [&](const QSqlQuery& query) {
+        const qint64 id = query.value(1).toLongLong();
+        if (!first)
+            first = ListPlace{query.value(0), id};
+        shown.insert(id);
+        return true;
+    });
+    if (!first)
         return {};
-    const ListPlace first = firsts.first();
-    // Its row is the count of rows before it; the rest are met walking on from there.
+    // Its row is the count of rows before it; the rest are met walking on from there, a bounded stretch
+    // per statement (a server sends every row a statement selects, to the end of the list).
     qint64 row = 0;
-    scan(m_query.countBefore(first), [&](const QSqlQuery& query) {
+    scan(m_query.countBefore(*first), [&](const QSqlQuery& query) {
         row += query.value(0).toLongLong();
         return true;
     });
     QList<std::pair<int, qint64>> rows;
-    scan(m_query.from(m_query.placeSelect(), ListQuery::Forward, first, true), [&](const QSqlQuery& query) {
-        const qint64 id = query.value(1).toLongLong();
-        if (shown.contains(id))
-            rows.append({int(row), id});
-        ++row;
-        return rows.size() < shown.size();
-    });
+    ListPlace place = *first;
+    bool inclusive = true;
+    qint64 walked = kWalkRows;
+    while (rows.size() < shown.size() && walked == kWalkRows) {
+        walked = 0;
+        scan(m_query.from(m_query.placeSelect(), ListQuery::Forward, place, inclusive, kWalkRows),
+             [&](const QSqlQuery& query) {
+                 place = {query.value(0), query.value(1).toLongLong()};
+                 if (shown.contains(place.id))
+                     rows.append({int(row), place.id});
+                 ++row;
+                 return ++walked < kWalkRows && rows.size() < shown.size();
+             });
+        inclusive = false;
+    }
     return rows;
 }
 

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <functional>
+#include <utility>
 
 namespace tolvinpt {
 class Error;
@@ -53,6 +54,13 @@ public:
     // Shows the records that pass `query`'s filter in its order, with the counts and the customers read
     // anew. Throws tolvinpt::Error, leaving the list as it was.
     void show(const ListQuery& query);
+    // As show(), but counting later: the first page is read now and the list holds only its rows until
+    // countRows() (a server counts a million records in a few hundred milliseconds, which must not hold
+    // up the first paint). Throws tolvinpt::Error, leaving the list as it was.
+    void showCountingLater(const ListQuery& query);
+    // Counts the list that showCountingLater showed; nothing once it is counted. Throws tolvinpt::Error.
+    void countRows();
+    bool counted() const { return m_counted; }
     // After an entry call on `ids` (records of the list): only they and records added since can have
     // changed, so the counts move by what those do now. Throws tolvinpt::Error.
     void refreshAfter(const QList<qint64>& ids);
@@ -92,9 +100,19 @@ private:
     };
     using Take = std::function<bool(const QSqlQuery&)>;
 
+    struct Counts
+    {
+        qint64 shown = 0; // the records that pass the filter
+        qint64 total = 0; // every record
+    };
+
+    static Row rowOf(const QSqlQuery& query);
     QSqlDatabase db() const;
+    Counts readCounts(const ListQuery& query) const;
+    void reset(const ListQuery& query, const Counts& counts, QList<Row> firstPage = {});
     void scan(const QList<Statement>& statements, const Take& take) const;
     qint64 number(const Statement& statement) const;
+    std::pair<qint64, qint64> numbers(const Statement& statement) const;
     const Row* cachedRow(int row) const;
     const Row& row(int row) const;
     ListPlace placeOf(const Row& row) const;
@@ -113,6 +131,7 @@ private:
     mutable QHash<int, Page> m_pages;
     mutable quint64 m_clock = 0;
     mutable bool m_failureReported = false;
+    bool m_counted = true;
 };
 
 // "#0.###": up to three decimals, no trailing zeros.

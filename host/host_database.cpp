@@ -158,17 +158,6 @@ OpenOutcome create(const QString& path, const QString& connectionName)
     return {};
 }
 
-bool openServerConnection(const ServerDatabase& server, const QString& connectionName)
-{
-    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), connectionName);
-    db.setHostName(server.host);
-    db.setPort(server.port);
-    db.setUserName(server.user);
-    db.setDatabaseName(server.name);
-    db.setConnectOptions(server.options);
-    return db.open();
-}
-
 // A database on a server: an empty one gets our tables (and the demo data when asked for), any other
 // must be ours. The password comes from libpq's password file or environment.
 OpenOutcome openServer(const DatabaseLocation& location, const QString& connectionName,
@@ -241,6 +230,17 @@ void closeHostDatabase(const QString& connectionName)
 {
     QSqlDatabase::database(connectionName, false).close();
     QSqlDatabase::removeDatabase(connectionName);
+}
+
+bool openServerConnection(const ServerDatabase& server, const QString& connectionName)
+{
+    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), connectionName);
+    db.setHostName(server.host);
+    db.setPort(server.port);
+    db.setUserName(server.user);
+    db.setDatabaseName(server.name);
+    db.setConnectOptions(server.options);
+    return db.open();
 }
 
 } // namespace tolvinpt::host

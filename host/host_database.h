@@ -32,6 +32,9 @@ struct OpenOptions
 OpenOutcome openHostDatabase(const DatabaseLocation& location, const QString& connectionName,
                              const OpenOptions& options = {});
 
+// Opens the QPSQL connection `connectionName` to `server`, nothing checked; false when it could not.
+bool openServerConnection(const ServerDatabase& server, const QString& connectionName);
+
 // Closes and removes the connection.
 void closeHostDatabase(const QString& connectionName);
 

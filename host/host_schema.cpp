@@ -20,10 +20,7 @@ namespace {
 void createDeliveryTables(const QSqlDatabase& db)
 {
     // The delivery tables come from the component's own DDL file for the engine.
-    const db::SqlDialect* dialect = db::SqlDialect::of(db);
-    if (!dialect)
-        throw Error(QStringLiteral("No SQL dialect for the driver ") + db.driverName(), 0);
-    runScript(db, deliverySchemaScript(*dialect));
+    runScript(db, deliverySchemaScript(dialectOf(db)));
 }
 
 void createOwnTables(const QSqlDatabase& db)

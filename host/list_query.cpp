@@ -2,6 +2,8 @@
 
 #include "host/record_kind.h"
 
+#include "platform/sql/sql_dialect.h"
+
 #include <QList>
 
 namespace tolvinpt::host {
@@ -52,15 +54,6 @@ const QString kFilterColumns = QStringLiteral("InDustBox, IDCustomer, F00002, F0
 const QString kFilterIndex = QStringLiteral("IX_DeliveryList_Filter");
 // The smallest index of the table: all records are counted through it, and the waste box is a range of it.
 const QString kWasteBoxIndex = QStringLiteral("IX_DeliveryList_WasteBox");
-
-// Ids bound per statement, well below what every engine takes.
-constexpr qsizetype kIdsPerStatement = 1000;
-
-QString placeholders(qsizetype count)
-{
-    QStringList marks(count, QStringLiteral("?"));
-    return marks.join(u", ");
-}
 
 } // namespace
 
@@ -162,8 +155,10 @@ Statement ListQuery::count() const
 
 Statement ListQuery::wasteBoxCount()
 {
-    // Any value but 0 is true: two ranges of the index.
-    return {QStringLiteral("SELECT COUNT(*) FROM T_Delivery WHERE InDustBox < FALSE OR InDustBox > FALSE"),
+    // Any value but 0 is true: two ranges of the index, each counted on its own (as one condition joined
+    // by OR, a server's planner scans the whole index).
+    return {QStringLiteral("SELECT (SELECT COUNT(*) FROM T_Delivery WHERE InDustBox < FALSE) + "
+                           "(SELECT COUNT(*) FROM T_Delivery WHERE InDustBox > FALSE)"),
             {}};
 }
 
@@ -219,33 +214,40 @@ QList<Statement> ListQuery::countBefore(const ListPlace& place) const
     return beyond(QStringLiteral("COUNT(*)"), Backward, place, false, false, std::nullopt);
 }
 
-QList<Statement> ListQuery::among(const QString& select, const QList<qint64>& ids, bool ordered) const
+Statement ListQuery::among(const QString& select, const QList<qint64>& ids, const db::SqlDialect& dialect,
+                           bool ordered) const
 {
     // Looked up by IDData, then sorted.
-    QList<Statement> statements;
-    for (qsizetype first = 0; first < ids.size(); first += kIdsPerStatement) {
-        const QList<qint64> share = ids.mid(first, kIdsPerStatement);
-        Statement statement;
-        for (qint64 id : share)
-            statement.values << id;
-        const QString conditions = where(statement.values, Use::Walk);
-        statement.sql = QStringLiteral("SELECT %1 FROM T_Delivery WHERE IDData IN (%2)%3")
-                            .arg(select, placeholders(share.size()),
-                                 conditions.isEmpty() ? QString() : QStringLiteral(" AND ") + conditions) +
-                        (ordered ? orderBy(Forward) : QString());
-        statements << statement;
-    }
-    return statements;
+    Statement statement;
+    statement.values << db::SqlDialect::integerListValue(ids);
+    const QString conditions = where(statement.values, Use::Walk);
+    statement.sql = QStringLiteral("SELECT %1 FROM T_Delivery WHERE %2%3")
+                        .arg(select, dialect.inIntegerList(QStringLiteral("IDData")),
+                             conditions.isEmpty() ? QString() : QStringLiteral(" AND ") + conditions) +
+                    (ordered ? orderBy(Forward) : QString());
+    return statement;
 }
 
-Statement ListQuery::newerThan(const QString& select, qint64 id) const
+Statement ListQuery::counts(const QString& range, const QVariant& value) const
 {
     Statement statement;
-    statement.values << id;
     const QString conditions = where(statement.values, Use::Search);
-    statement.sql = QStringLiteral("SELECT %1 FROM T_Delivery WHERE IDData > ?%2")
-                        .arg(select, conditions.isEmpty() ? QString() : QStringLiteral(" AND ") + conditions);
+    statement.values << value;
+    statement.sql =
+        QStringLiteral(
+            "SELECT COUNT(*), COALESCE(SUM(CASE WHEN %1 THEN 1 ELSE 0 END), 0) FROM T_Delivery WHERE %2")
+            .arg(conditions.isEmpty() ? QStringLiteral("1 = 1") : conditions, range);
     return statement;
+}
+
+Statement ListQuery::countsAmong(const QList<qint64>& ids, const db::SqlDialect& dialect) const
+{
+    return counts(dialect.inIntegerList(QStringLiteral("IDData")), db::SqlDialect::integerListValue(ids));
+}
+
+Statement ListQuery::countsNewerThan(qint64 id) const
+{
+    return counts(QStringLiteral("IDData > ?"), id);
 }
 
 } // namespace tolvinpt::host

@@ -6,6 +6,10 @@
 
 #include <optional>
 
+namespace tolvinpt::db {
+class SqlDialect;
+} // namespace tolvinpt::db
+
 namespace tolvinpt::host {
 
 // What the list shows and sorts by for an unknown quantity and an unknown date: below any real one.
@@ -84,11 +88,15 @@ public:
                           std::optional<qint64> limit = std::nullopt) const;
     // The same as counts (summed, they count the rows before `place`).
     QList<Statement> countBefore(const ListPlace& place) const;
-    // `select` of the records among `ids` that pass the filter, in list order when `ordered`, as one
-    // statement per thousand ids.
-    QList<Statement> among(const QString& select, const QList<qint64>& ids, bool ordered = true) const;
-    // `select` of the records above IDData `id` that pass the filter.
-    Statement newerThan(const QString& select, qint64 id) const;
+    // `select` of the records among `ids` that pass the filter, in list order when `ordered`; the ids bound
+    // as one value in the form of `dialect`.
+    Statement among(const QString& select, const QList<qint64>& ids, const db::SqlDialect& dialect,
+                    bool ordered = true) const;
+    // Two counts in one pass over the records among `ids` (bound as in among): all of them, and those
+    // that pass the filter.
+    Statement countsAmong(const QList<qint64>& ids, const db::SqlDialect& dialect) const;
+    // The same two counts over the records above IDData `id`.
+    Statement countsNewerThan(qint64 id) const;
 
     // The column's value: what the list shows and sorts by.
     static QString value(int column);
@@ -104,6 +112,7 @@ private:
     QString orderBy(Way way) const;
     bool ascending(Way way) const { return (way == Forward) == (m_order == Qt::AscendingOrder); }
     QString base(const QString& select, QVariantList& values) const;
+    Statement counts(const QString& range, const QVariant& value) const;
     QList<Statement> beyond(const QString& select, Way way, const ListPlace& place, bool inclusive,
                             bool ordered, std::optional<qint64> limit) const;
 

@@ -11,6 +11,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
 #include <QDir>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -72,7 +73,9 @@ MainWindow::MainWindow(QString connectionName, QString databasePath, std::unique
             [this](const QString& description, long number) { reportListError(Error(description, number)); });
 
     try {
-        m_model->show(ListQuery(chosenFilter(), Id, Qt::AscendingOrder));
+        // The first page paints before the list is counted.
+        m_model->showCountingLater(ListQuery(chosenFilter(), Id, Qt::AscendingOrder));
+        m_view->viewport()->installEventFilter(this);
         fillCustomerFilter();
     } catch (const Error& e) {
         reportListError(e);
@@ -349,8 +352,31 @@ void MainWindow::reportListError(const Error& e)
     reportError(e, QStringLiteral("一覧..."));
 }
 
+bool MainWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_view->viewport() && event->type() == QEvent::Paint) {
+        m_view->viewport()->removeEventFilter(this);
+        QMetaObject::invokeMethod(this, &MainWindow::countList, Qt::QueuedConnection);
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void MainWindow::countList()
+{
+    try {
+        m_model->countRows();
+    } catch (const Error& e) {
+        reportListError(e);
+    }
+    updateStatus();
+}
+
 void MainWindow::updateStatus()
 {
+    if (!m_model->counted()) {
+        m_count->clear();
+        return;
+    }
     m_count->setText(QStringLiteral("%1 件 / 全 %2 件").arg(m_model->rowCount()).arg(m_model->totalCount()));
 }
 

@@ -38,6 +38,10 @@ public:
     // Reads the list and the customer filter anew, keeping the selection where the records remain.
     void refresh();
 
+protected:
+    // The list's first paint: the list is counted once it is over.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     // The selection by record, to be found again once the list has changed under it.
     struct KeptSelection
@@ -63,6 +67,7 @@ private:
     void restoreSelection(const KeptSelection& kept);
     void reportListError(const Error& e);
     void updateStatus();
+    void countList();
 
     QString m_connectionName;
     std::unique_ptr<EntryCalls> m_calls;

@@ -45,12 +45,17 @@ void runScript(const QSqlDatabase& db, const QString& script)
     }
 }
 
-QString hostScript(const QSqlDatabase& db, const QString& name)
+const db::SqlDialect& dialectOf(const QSqlDatabase& db)
 {
     const db::SqlDialect* dialect = db::SqlDialect::of(db);
     if (!dialect)
         throw Error(QStringLiteral("No SQL dialect for the driver ") + db.driverName(), 0);
-    return readResource(QStringLiteral(":/tolvinpt-host/%1/%2").arg(dialect->scriptFolder(), name));
+    return *dialect;
+}
+
+QString hostScript(const QSqlDatabase& db, const QString& name)
+{
+    return readResource(QStringLiteral(":/tolvinpt-host/%1/%2").arg(dialectOf(db).scriptFolder(), name));
 }
 
 QString readResource(const QString& path)

@@ -8,6 +8,10 @@
 #include <utility>
 #include <vector>
 
+namespace tolvinpt::db {
+class SqlDialect;
+} // namespace tolvinpt::db
+
 namespace tolvinpt::host {
 
 // One column and its value for insertRow; a null QVariant writes Null.
@@ -31,6 +35,8 @@ private:
 // Runs every statement of a SQL script (as found in the .sql resources) on `db`, in turn. Throws
 // tolvinpt::Error with the engine's message and error code on the first failing statement.
 void runScript(const QSqlDatabase& db, const QString& script);
+// The SQL dialect of the engine of `db`; throws tolvinpt::Error for an engine without one.
+const db::SqlDialect& dialectOf(const QSqlDatabase& db);
 // The host's script `name` for the engine of `db` (":/tolvinpt-host/<engine folder>/<name>").
 QString hostScript(const QSqlDatabase& db, const QString& name);
 // Reads a text resource such as ":/tolvinpt-host/schema.sql"; throws tolvinpt::Error when it is missing.

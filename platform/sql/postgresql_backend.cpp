@@ -117,10 +117,10 @@ public:
         case Float4Oid:
         case Float8Oid:
             return QVariant(QByteArray(text, length).toDouble());
+        // Dates and date/times as their ISO text, as a file database holds them: the reader converts those
+        // it uses (made here, each date/time of every row read cost a parse and a time-zone look-up).
         case DateOid:
-            return QVariant(QDate::fromString(QString::fromLatin1(text, length), u"yyyy-MM-dd"_s));
         case TimestampOid:
-            return QVariant(QDateTime::fromString(QString::fromLatin1(text, 19), u"yyyy-MM-dd HH:mm:ss"_s));
         case NumericOid: // decimal text, never through double
         default:
             return QVariant(QString::fromUtf8(text, length));
@@ -130,11 +130,16 @@ public:
     int columnCount() const override { return m_result ? PQnfields(m_result) : 0; }
     const QStringList& columnNames() const override
     {
-        QStringList names;
-        for (int i = 0; i < columnCount(); ++i)
-            names.append(QString::fromUtf8(PQfname(m_result, i)));
-        if (names != m_names)
-            m_names = names;
+        // Made again only when the result's columns are named otherwise than the last one's.
+        const int count = columnCount();
+        bool same = m_names.size() == count;
+        for (int i = 0; same && i < count; ++i)
+            same = m_names[i] == QLatin1StringView(PQfname(m_result, i));
+        if (!same) {
+            m_names.clear();
+            for (int i = 0; i < count; ++i)
+                m_names.append(QString::fromUtf8(PQfname(m_result, i)));
+        }
         return m_names;
     }
     // Keys come back through INSERT ... RETURNING; the server has no connection-wide last key.

@@ -44,6 +44,11 @@ public:
                            bounds->second};
     }
     QString isFalse(const QString& column) const override { return column + u" = false"_s; }
+    QString inIntegerList(const QString& column) const override
+    {
+        return column +
+               u" IN (SELECT CAST(value AS bigint) FROM json_array_elements_text(CAST(? AS json)))"_s;
+    }
     QString insertDefaultRow(const QString& table, const QString& keyColumn) const override
     {
         return u"INSERT INTO "_s + table + u" DEFAULT VALUES RETURNING "_s + keyColumn;

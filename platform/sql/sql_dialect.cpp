@@ -18,6 +18,14 @@ const SqlDialect* SqlDialect::of(const QSqlDatabase& connection)
     return nullptr;
 }
 
+QVariant SqlDialect::integerListValue(const QList<qint64>& values)
+{
+    QString json = u"["_s;
+    for (qsizetype i = 0; i < values.size(); ++i)
+        json += (i == 0 ? u""_s : u","_s) + QString::number(values[i]);
+    return QVariant(json + u']');
+}
+
 std::optional<std::pair<QString, QString>> foldedPrefixBounds(QStringView prefix)
 {
     QList<uint> from = prefix.toUcs4();

@@ -61,6 +61,11 @@ public:
     virtual std::optional<PrefixRange> textPrefixRange(const QString& column, QStringView prefix) const = 0;
     // `column` holds False.
     virtual QString isFalse(const QString& column) const = 0;
+    // `column` is one of the integers bound at the next '?' as integerListValue(): any number of them as
+    // one value (a '?' apiece costs the engine's parser time that grows with the square of their count).
+    virtual QString inIntegerList(const QString& column) const = 0;
+    // The integers as one value to bind: a JSON array, which every engine reads.
+    static QVariant integerListValue(const QList<qint64>& values);
     // A statement that inserts a row with every column at its default; see insertReturnsKey().
     virtual QString insertDefaultRow(const QString& table, const QString& keyColumn) const = 0;
     // True: that statement returns the new key as its one row; false: the key is the last insert id.

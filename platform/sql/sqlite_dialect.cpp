@@ -34,6 +34,10 @@ public:
                            bounds->first, bounds->second};
     }
     QString isFalse(const QString& column) const override { return column + u" = 0"_s; }
+    QString inIntegerList(const QString& column) const override
+    {
+        return column + u" IN (SELECT value FROM json_each(?))"_s;
+    }
     QString insertDefaultRow(const QString& table, const QString&) const override
     {
         return u"INSERT INTO "_s + table + u" DEFAULT VALUES"_s;

@@ -67,6 +67,9 @@ protected:
         window = std::make_unique<MainWindow>(connection, path, std::move(recording));
         ASSERT_TRUE(tolvinpt::test::showActive(window.get()));
         ASSERT_TRUE(view = window->findChild<QTableView*>(u"deliveryList"_s));
+        // The list is counted once it has been painted.
+        ASSERT_TRUE(
+            QTest::qWaitFor([&] { return qobject_cast<DeliveryListModel*>(view->model())->counted(); }));
     }
     void TearDown() override
     {
