@@ -140,10 +140,17 @@ QString narrowOne(char16_t u)
     }
 }
 
+// A lone surrogate is no character: both conversions make it U+FFFD.
+char32_t whole(char32_t c)
+{
+    return QChar::isSurrogate(c) ? char32_t(QChar::ReplacementCharacter) : c;
+}
+
 QString narrow(const QString& text)
 {
     QString out;
-    for (char32_t c : codePoints(text)) {
+    for (char32_t point : codePoints(text)) {
+        const char32_t c = whole(point);
         if (c > 0xFFFF) {
             out += fromPoint(c);
             continue;
@@ -164,7 +171,8 @@ QString widen(const QString& text)
         {0x2016, u"\u2225"_s}, {0xA2, u"\uFFE0"_s},  {0xA3, u"\uFFE1"_s},   {0xAC, u"\uFFE2"_s},
         {0xA5, u"\uFFE5"_s},   {0x2014, u"\u2015"_s}, {0x203E, u"\uFFE3"_s}, {Voiced, u"\u309B"_s},
         {SemiVoiced, u"\u309C"_s}, {0x30F7, u"\u30EF\u309B"_s}, {0x30FA, u"\u30F2\u309B"_s}};
-    const QList<char32_t> points = codePoints(text);
+    QList<char32_t> points = codePoints(text);
+    std::transform(points.begin(), points.end(), points.begin(), whole);
     QString out;
     for (qsizetype i = 0; i < points.size(); ++i) {
         const char32_t c = points[i];
@@ -481,7 +489,10 @@ Outcome priceOutcome(const QString& box)
 
 Outcome currencyOutcome(const QString& box, const Around& around)
 {
-    const QString code = trimBlanks(box);
+    QString kept; // as it will be stored: no half of a character
+    for (char32_t c : codePoints(box))
+        kept += fromPoint(whole(c));
+    const QString code = trimBlanks(kept);
     if (code.isEmpty())
         return storing({{u"F00281"_s, u""_s}, {u"F00013"_s, around.unitPrice}, {u"F00282"_s, u"0"_s}});
     int bytes = 0;

@@ -132,6 +132,18 @@ QString transliterate(const icu::Transliterator& rule,
 
 } // namespace
 
+QString wholeCharacters(const QString& text)
+{
+    QString result = text;
+    for (qsizetype i = 0; i < result.size(); ++i) {
+        if (result[i].isHighSurrogate() && i + 1 < result.size() && result[i + 1].isLowSurrogate())
+            ++i;
+        else if (result[i].isSurrogate())
+            result[i] = QChar::ReplacementCharacter;
+    }
+    return result;
+}
+
 int cp932ByteLength(const QString& text)
 {
     if (text.isEmpty())
@@ -158,13 +170,13 @@ QString toHalfWidth(const QString& text)
     // half-width forms of them are not in it.
     static const auto rule =
         createTransliterator("[^\\uFFE0-\\uFFE4\\u2190-\\u2193\\u2502\\u25A0\\u25CB] Fullwidth-Halfwidth");
-    return transliterate(*rule, {NarrowingFixes}, text);
+    return transliterate(*rule, {NarrowingFixes}, wholeCharacters(text));
 }
 
 QString toFullWidth(const QString& text)
 {
     static const auto rule = createTransliterator("Halfwidth-Fullwidth");
-    return transliterate(*rule, {HeldAs, WideningFixes}, text);
+    return transliterate(*rule, {HeldAs, WideningFixes}, wholeCharacters(text));
 }
 
 QString toUpperCase(const QString& text)
