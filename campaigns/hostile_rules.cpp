@@ -97,11 +97,13 @@ QList<char32_t> codePoints(const QString& text)
     return points;
 }
 
+// One code point as text; QString::fromUcs4 would drop a byte order mark.
 QString fromPoint(char32_t c)
 {
-    if (QChar::isSurrogate(c))
+    if (c <= 0xFFFF)
         return QString(QChar(char16_t(c)));
-    return QString::fromUcs4(&c, 1);
+    const QChar pair[] = {QChar(QChar::highSurrogate(c)), QChar(QChar::lowSurrogate(c))};
+    return QString(pair, 2);
 }
 
 QString rightTrim(QString text)
@@ -590,8 +592,16 @@ Outcome splitKeyOutcome(const Field& field, const QString& box, const Around& ar
     if (box == around.sourceKey)
         return refusal({u"納品ｷｰ番号を入力してください"_s});
     Outcome outcome = widthOutcome(field, box, false, around);
-    if (outcome.refused)
-        return outcome;
+    if (outcome.refused) {
+        // OK checks again what the refusal wrote back, which may pass: a trailing ideographic blank
+        // narrowed to a blank is trimmed the second time.
+        const QString written = narrow(rightTrim(box));
+        if (written == box)
+            return outcome;
+        Outcome again = splitKeyOutcome(field, written, around);
+        again.messages.prepend(outcome.messages.front());
+        return again;
+    }
     const QString key = outcome.stored.value(field.column).toString();
     const std::optional<bool> taken = likeMatches(rightTrim(key), around.sourceKey);
     if (!taken) {

@@ -42,8 +42,6 @@ constexpr char16_t NotHeld = u'\uF86F';
 
 // Applied after Halfwidth-Fullwidth, with HeldAs.
 constexpr WidthFix WideningFixes[] = {
-    {u'\uFF02', u"\u201D"}, // ＂ and ＇ are vendor additions to the code page; JIS X 0208 has ” and ’
-    {u'\uFF07', u"\u2019"},
     {u'\u3099', u"\u309B"}, // a sound mark that joined no base (ｱﾞ, or ﾞ alone) stays a spacing mark
     {u'\u309A', u"\u309C"},
     {u'\u30F7', u"\u30EF\u309B"}, // ヷ and ヺ are not in the code page: base and mark
@@ -176,7 +174,11 @@ QString toHalfWidth(const QString& text)
 QString toFullWidth(const QString& text)
 {
     static const auto rule = createTransliterator("Halfwidth-Fullwidth");
-    return transliterate(*rule, {HeldAs, WideningFixes}, wholeCharacters(text));
+    // " and ' widen to JIS X 0208's ” and ’, not to the code page's vendor additions ＂ and ＇, which
+    // stay as they are when they were typed so.
+    QString quotesWidened = wholeCharacters(text);
+    quotesWidened.replace(u'"', u'\u201D').replace(u'\'', u'\u2019');
+    return transliterate(*rule, {HeldAs, WideningFixes}, quotesWidened);
 }
 
 QString toUpperCase(const QString& text)
