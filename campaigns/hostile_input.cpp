@@ -57,14 +57,11 @@ QLineEdit* lineEdit(QWidget& window, const QString& name)
     return window.findChild<QLineEdit*>(name);
 }
 
-int activations = 0;
-
 // The window is the active one, so that the focus moves as the operator moves it.
 void activate(QWidget& window)
 {
     if (window.isActiveWindow())
         return;
-    ++activations;
     window.activateWindow();
     if (!QTest::qWaitForWindowActive(&window))
         std::fprintf(stderr, "%s does not become the active window\n", qPrintable(window.windowTitle()));
@@ -594,7 +591,6 @@ int main(int argc, char** argv)
                     t.violations);
         violations += t.violations;
     }
-    std::fprintf(stderr, "%d activations\n", activations);
     if (campaign.notEditable > 0)
         std::printf("%d cases skipped: the field could not be opened for editing\n", campaign.notEditable);
     return violations == 0 ? 0 : 1;
