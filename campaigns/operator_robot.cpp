@@ -34,7 +34,8 @@ void OperatorRobot::look()
     QWidget* top = QApplication::activeModalWidget();
     if (auto* box = qobject_cast<QMessageBox*>(top)) {
         m_messages.append(box->text());
-        box->defaultButton()->click();
+        QAbstractButton* chosen = m_answer != QMessageBox::NoButton ? box->button(m_answer) : nullptr;
+        (chosen ? chosen : box->defaultButton())->click();
     } else if (top && m_act && top->windowTitle() == m_title) {
         // Run apart from this timer, which Qt does not fire again while its slot runs: a box the handler
         // opens must still be answered.

@@ -4,6 +4,7 @@
 // for a window runs once the window is the active modal one; a message box gets its default button and
 // its text is kept. Offscreen.
 
+#include <QMessageBox>
 #include <QString>
 #include <QStringList>
 #include <QTimer>
@@ -26,6 +27,8 @@ public:
     void when(const QString& title, std::function<void(QWidget&)> act);
     // The texts of the message boxes answered since the last call.
     QStringList takeMessages();
+    // Answers boxes that have `button` with it rather than with their default (NoButton: the default).
+    void answerWith(QMessageBox::StandardButton button) { m_answer = button; }
 
     // The operator's hands: types `text` over the field's whole text; runs a menu command.
     static void type(QWidget& window, const QString& field, const QString& text);
@@ -41,6 +44,7 @@ private:
     QString m_title;
     std::function<void(QWidget&)> m_act;
     QStringList m_messages;
+    QMessageBox::StandardButton m_answer = QMessageBox::NoButton;
 };
 
 } // namespace tolvinpt::campaign

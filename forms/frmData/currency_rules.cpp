@@ -34,6 +34,11 @@ QComboBox* currencyCombo(const frmData& form)
 void cobCurrency_Validate(frmData& form, bool& cancel)
 {
     QComboBox* combo = currencyCombo(form);
+    // Kept as it will be stored: no half of a character.
+    if (const QString whole = wholeCharacters(combo->currentText()); whole != combo->currentText()) {
+        EventGuard notSeek(form.NotSeek);
+        combo->setEditText(whole);
+    }
     const QString code = trimBlanks(combo->currentText());
     if (code.isEmpty()) {
         combo->setCurrentIndex(0);

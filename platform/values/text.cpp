@@ -42,8 +42,6 @@ constexpr char16_t NotHeld = u'\uF86F';
 
 // Applied after Halfwidth-Fullwidth, with HeldAs.
 constexpr WidthFix WideningFixes[] = {
-    {u'\uFF02', u"\u201D"}, // ＂ and ＇ are vendor additions to the code page; JIS X 0208 has ” and ’
-    {u'\uFF07', u"\u2019"},
     {u'\u3099', u"\u309B"}, // a sound mark that joined no base (ｱﾞ, or ﾞ alone) stays a spacing mark
     {u'\u309A', u"\u309C"},
     {u'\u30F7', u"\u30EF\u309B"}, // ヷ and ヺ are not in the code page: base and mark
@@ -132,6 +130,18 @@ QString transliterate(const icu::Transliterator& rule,
 
 } // namespace
 
+QString wholeCharacters(const QString& text)
+{
+    QString result = text;
+    for (qsizetype i = 0; i < result.size(); ++i) {
+        if (result[i].isHighSurrogate() && i + 1 < result.size() && result[i + 1].isLowSurrogate())
+            ++i;
+        else if (result[i].isSurrogate())
+            result[i] = QChar::ReplacementCharacter;
+    }
+    return result;
+}
+
 int cp932ByteLength(const QString& text)
 {
     if (text.isEmpty())
@@ -158,13 +168,17 @@ QString toHalfWidth(const QString& text)
     // half-width forms of them are not in it.
     static const auto rule =
         createTransliterator("[^\\uFFE0-\\uFFE4\\u2190-\\u2193\\u2502\\u25A0\\u25CB] Fullwidth-Halfwidth");
-    return transliterate(*rule, {NarrowingFixes}, text);
+    return transliterate(*rule, {NarrowingFixes}, wholeCharacters(text));
 }
 
 QString toFullWidth(const QString& text)
 {
     static const auto rule = createTransliterator("Halfwidth-Fullwidth");
-    return transliterate(*rule, {HeldAs, WideningFixes}, text);
+    // " and ' widen to JIS X 0208's ” and ’, not to the code page's vendor additions ＂ and ＇, which
+    // stay as they are when they were typed so.
+    QString quotesWidened = wholeCharacters(text);
+    quotesWidened.replace(u'"', u'\u201D').replace(u'\'', u'\u2019');
+    return transliterate(*rule, {HeldAs, WideningFixes}, quotesWidened);
 }
 
 QString toUpperCase(const QString& text)

@@ -16,7 +16,7 @@ int cp932ByteLength(const QString& text);
 // Every character that has a half-width form in code page 932 becomes it: full-width ASCII becomes
 // ASCII, the ideographic blank a blank, katakana half-width katakana (ガ becomes ｶﾞ, so the text may
 // grow), 、。「」・ー their half-width forms, “” and ‘’ " and '. Hiragana, kanji and anything else
-// without a half-width form stay as they are.
+// without a half-width form stay as they are. A lone surrogate becomes U+FFFD, here and in toFullWidth.
 QString toHalfWidth(const QString& text);
 
 // Every half-width character becomes its full-width form in code page 932: ASCII becomes full-width
@@ -25,6 +25,10 @@ QString toHalfWidth(const QString& text);
 // (ｶﾞ becomes ガ, but ﾜﾞ becomes ワ゛). Characters the code page holds under another code point become
 // that one (〜 becomes ～, − becomes －), — and ‾ its ― and ￣. Characters that are already full-width stay.
 QString toFullWidth(const QString& text);
+
+// `text` with every surrogate that has no partner (what is left of an emoji cut at a field's limit)
+// replaced by U+FFFD: text in the database can hold that, where UTF-8 would make the half a "?".
+QString wholeCharacters(const QString& text);
 
 // Unicode upper case.
 QString toUpperCase(const QString& text);

@@ -62,6 +62,7 @@ TEST_F(CurrencyTest, LeavingChecksTheCode)
         {u" AU "_s, u" AU "_s, Other, false},   {u"米"_s, u"米"_s, Other, false},
         {u"ABCD"_s, u"ABCD"_s, Other, true},    {u"米国"_s, u"米国"_s, Other, true},
         {u"gbp"_s, u"GBP"_s, u"英 ﾎﾟﾝﾄﾞ"_s, false},
+        {u"A"_s + QChar(0xD800), u"A\uFFFD"_s, Other, false}, // half a character is stored as U+FFFD
     };
     // clang-format on
     for (const auto& c : cases) {

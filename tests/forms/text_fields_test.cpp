@@ -45,6 +45,7 @@ TEST_F(TextFieldTest, WidthRules)
         {"half: kanji before a trailing ideographic blank", u"txtHinmeiA"_s, P, u"品　"_s, u"品 "_s, true, Tab},
         {"half: kanji; the katakana are narrowed all the same", u"txtHinmeiA"_s, I, u"品ガ"_s, u"品ｶﾞ"_s, false, Click},
         {"half: emoji is one substitute byte", u"txtHinmeiA"_s, P, u"A😀"_s, u"A😀"_s, true, Tab},
+        {"half: an emoji cut at the limit leaves no half of it", u"txtTantoA"_s, P, u"😀😀😀😀"_s, u"😀😀😀\uFFFD"_s, true, Tab},
         {"half: so is an invisible right-to-left mark", u"txtHinmeiA"_s, P, u"a\u200Fb"_s, u"a\u200Fb"_s, true, Tab},
         {"half: ‖ has no half-width form", u"txtHinmeiA"_s, P, u"a‖"_s, u"a‖"_s, false, Tab},
         {"half: narrowing doubles the text past the limit", u"txtHinmeiA"_s, P, QString(30, u'ガ'), u"ｶﾞ"_s.repeated(30), true, Tab},

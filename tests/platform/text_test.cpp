@@ -85,7 +85,7 @@ TEST(WidthConversion, FollowsTheCodePageCorrespondence)
         {u"ヷヺ゛゜", u"ﾜﾞｦﾞﾞﾟ", u"ワ゛ヲ゛゛゜"},
         {u"、。「」・", u"､｡｢｣･", u"、。「」・"},
         {u"\\\u00A5\uFFE5\uFF3C", u"\\\u00A5\u00A5\\", u"\uFF3C\uFFE5\uFFE5\uFF3C"},
-        {u"\"'\uFF02\uFF07“”‘’", u"\"'\"'\"\"''", u"”’”’“”‘’"},
+        {u"\"'\uFF02\uFF07“”‘’", u"\"'\"'\"\"''", u"”’\uFF02\uFF07“”‘’"}, // ＂＇ are full-width already
         // Held by the code page under another code point: 〜 is ～, − is －, ‖ is ∥, ¢ £ ¬ are ￠ ￡ ￢.
         {u"~\uFF5E\u301C-\uFF0D\u2212", u"~~~---", u"\uFF5E\uFF5E\uFF5E\uFF0D\uFF0D\uFF0D"},
         {u"\u2016\u2225\u00A2\u00A3\u00AC", u"\u2016\u2225\u00A2\u00A3\u00AC",
