@@ -1,0 +1,172 @@
+// The kill campaign's driver: entry calls on the starting records, each with one operation through the
+// real form, until the campaign kills it: a save of the record with 0 to 5 packages, a split, or a new
+// record typed on the blank form or started from an order search (now and then one typed before, which
+// the save must refuse as a duplicate).
+#include "campaigns/kill_campaign.h"
+#include "campaigns/operator_robot.h"
+#include "forms/frmData/input_checks.h"
+#include "platform/values/decimal.h"
+#include "platform/values/number_text.h"
+#include "tests/support/fake_host.h"
+#include "tests/support/temp_database.h"
+
+#include <tolvinpt/fmInput.h>
+
+#include <QAbstractButton>
+#include <QAbstractItemModel>
+#include <QCheckBox>
+#include <QRandomGenerator>
+#include <QTableView>
+#include <QTest>
+
+#include <cstdio>
+
+namespace tolvinpt::campaign {
+namespace {
+
+// Package quantities that add up to `delivery`: count - 1 of 0.001 and the rest in the last.
+QStringList packagesOf(const Decimal& delivery, int count)
+{
+    QStringList quantities;
+    Decimal rest = delivery;
+    for (int k = 1; k < count; ++k) {
+        quantities.append(QStringLiteral("0.001"));
+        rest = rest - *Decimal::fromString(u"0.001");
+    }
+    quantities.append(rest.toString());
+    return quantities;
+}
+
+// Chooses the package mode: one package, or `count` individual ones through the package editor.
+void choosePackages(QWidget& form, OperatorRobot& robot, const Decimal& delivery, int count)
+{
+    OperatorRobot::press(form,
+                         count == 0 ? QStringLiteral("optQuantity(1)") : QStringLiteral("optQuantity(3)"));
+    if (count == 0)
+        return;
+    robot.when(QStringLiteral("個別 入数情報"), [delivery, count](QWidget& editor) {
+        QAbstractItemModel* model = editor.findChild<QTableView*>()->model();
+        const QStringList quantities = packagesOf(delivery, count);
+        for (int row = 0; row < 100; ++row)
+            model->setData(model->index(row, 0), row < count ? quantities[row] : QString());
+        editor.findChild<QAbstractButton*>(QStringLiteral("戻る"))->click(); // keeps them: Yes
+    });
+    OperatorRobot::press(form, QStringLiteral("cmdQuantity"));
+}
+
+void print(const QString& line)
+{
+    std::printf("%s\n", qPrintable(line));
+    std::fflush(stdout);
+}
+
+// Runs a save command. When the database failed it (its session was killed), the operator must still have
+// the typed text in `field`, and the same command must store it once the server is back: tried for 20 s.
+void save(QWidget& form, OperatorRobot& robot, const QString& command, const QString& field)
+{
+    const QString typed = OperatorRobot::text(form, field);
+    robot.takeMessages();
+    OperatorRobot::run(form, command);
+    QStringList shown = robot.takeMessages();
+    if (shown.isEmpty() || shown == QStringList{DuplicateKeyText.toString()})
+        return;
+    print(QStringLiteral("fault %1: %2")
+              .arg(OperatorRobot::text(form, field) == typed ? u"kept" : u"LOST", shown.join(u" / ")));
+    for (int attempt = 0; attempt < 80 && !shown.isEmpty(); ++attempt) {
+        QTest::qWait(250);
+        OperatorRobot::run(form, command);
+        shown = robot.takeMessages();
+    }
+    print(shown.isEmpty() ? QStringLiteral("again stored")
+                          : QStringLiteral("again FAILED: ") + shown.join(u" / "));
+}
+
+void change(QWidget& form, OperatorRobot& robot, const Decimal& delivery, int count, int n)
+{
+    // Through the delivery quantity first, as Tab takes an operator: a save whose checks find the
+    // quantity "changed" since the record was shown returns it to a single package.
+    OperatorRobot::visit(form, QStringLiteral("txtAmountDelivery"));
+    OperatorRobot::type(form, QStringLiteral("txtMyRemarksA"), QStringLiteral("S%1P%2").arg(n).arg(count));
+    choosePackages(form, robot, delivery, count);
+    save(form, robot, QStringLiteral("mnuDataSave"), QStringLiteral("txtMyRemarksA"));
+}
+
+void split(QWidget& form, OperatorRobot& robot, int n)
+{
+    robot.when(SplitDialogTitle, [n](QWidget& dialog) {
+        OperatorRobot::type(dialog, QStringLiteral("txtPayment(1)"), QStringLiteral("K%1").arg(n));
+        OperatorRobot::type(dialog, QStringLiteral("txtAmount(1)"), QStringLiteral("0.001"));
+        OperatorRobot::press(dialog, QStringLiteral("cmdAny(0)"));
+    });
+    OperatorRobot::run(form, QStringLiteral("mnuDataDivide"));
+}
+
+void enter(QWidget& form, OperatorRobot& robot, const NewRecord& record)
+{
+    OperatorRobot::run(form, QStringLiteral("mnuDataNew"));
+    OperatorRobot::type(form, QStringLiteral("txtOrderNo"), record.orderNo());
+    if (record.how == u'S') {
+        OperatorRobot::press(form, QStringLiteral("cmdFind"));
+    } else {
+        OperatorRobot::type(form, QStringLiteral("txtHCode"), QStringLiteral("HC-N"));
+        OperatorRobot::type(form, QStringLiteral("txtAmountOrder"), QString::number(record.quantity()));
+        OperatorRobot::type(form, QStringLiteral("txtDate(0)"), QStringLiteral("20050401"));
+    }
+    const QString key = QStringLiteral("txtPaymentKeyNo");
+    OperatorRobot::type(form, key, record.key());
+    OperatorRobot::type(form, QStringLiteral("txtAmountDelivery"), QString::number(record.quantity()));
+    OperatorRobot::type(form, QStringLiteral("txtDate(1)"), QStringLiteral("20050402"));
+    OperatorRobot::type(form, QStringLiteral("txtMyRemarksA"), record.remark());
+    OperatorRobot::visit(form, QStringLiteral("txtAmountDelivery")); // see change()
+    choosePackages(form, robot, Decimal::fromInteger(record.quantity()), record.packages());
+    save(form, robot, QStringLiteral("mnuNewDataSave"), key);
+    if (form.findChild<QCheckBox*>(QStringLiteral("chkNew"))->isChecked()) {
+        print(QStringLiteral("refused %1").arg(record.key()));
+        OperatorRobot::run(form, QStringLiteral("mnuNewDataCancel"));
+    }
+}
+
+} // namespace
+
+int drive(const QString& address, quint32 seed)
+{
+    QSqlDatabase connection = test::TempDatabase::addConnection(QStringLiteral("driver"), address);
+    if (!connection.open())
+        return 1;
+    test::FakeHostData host;
+    host.connectionName = QStringLiteral("driver");
+    host.customers = {{.id = 1, .code = QStringLiteral("1234"), .name = QStringLiteral("東京電機")}};
+    test::registerFakeHost(host);
+    OperatorRobot robot;
+    QRandomGenerator random(seed);
+    std::optional<NewRecord> entered;
+    for (int n = 0;; ++n) {
+        robot.when(EntryFormTitle, [&, n](QWidget& form) {
+            const Decimal delivery =
+                leadingNumber(OperatorRobot::text(form, QStringLiteral("txtAmountDelivery")));
+            const bool divisible = delivery > *Decimal::fromString(u"0.01");
+            const int choice = int(random.bounded(10));
+            if (choice < 3 && divisible) {
+                split(form, robot, n);
+            } else if (choice < 6) {
+                if (!entered || random.bounded(5) != 0)
+                    entered = NewRecord{random.bounded(2) ? u'H' : u'S', seed, n};
+                enter(form, robot, *entered);
+            } else {
+                change(form, robot, delivery, divisible ? int(random.bounded(6)) : 0, n);
+            }
+            OperatorRobot::run(form, QStringLiteral("mnuDataExit"));
+        });
+        try {
+            fmInput input;
+            Items items{ListKey(1 + random.bounded(KillRecords))};
+            input.InputData(items);
+            print(QStringLiteral("done %1").arg(n));
+        } catch (const Error& e) {
+            print(QStringLiteral("call failed: %1 (%2)").arg(e.description()).arg(e.number()));
+            QTest::qWait(250); // the operator reads the host's message before trying again
+        }
+    }
+}
+
+} // namespace tolvinpt::campaign
