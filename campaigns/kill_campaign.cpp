@@ -19,6 +19,7 @@
 #include <QFile>
 #include <QProcess>
 #include <QRandomGenerator>
+#include <QSqlError>
 #include <QSqlQuery>
 #include <QThread>
 
@@ -111,13 +112,16 @@ qint64 backendOf(const QString& address)
     qint64 pid = 0;
     {
         QSqlDatabase connection = test::TempDatabase::addConnection(QStringLiteral("backend"), address);
-        QSqlQuery query(connection);
-        if (connection.open() &&
-            query.exec(
-                QStringLiteral("SELECT pid FROM pg_stat_activity WHERE datname = current_database() AND "
-                               "pid <> pg_backend_pid() AND backend_type = 'client backend'")) &&
-            query.next())
-            pid = query.value(0).toLongLong();
+        if (connection.open()) {
+            QSqlQuery query(connection);
+            if (query.exec(
+                    QStringLiteral("SELECT pid FROM pg_stat_activity WHERE datname = current_database() "
+                                   "AND pid <> pg_backend_pid() AND backend_type = 'client backend'")) &&
+                query.next())
+                pid = query.value(0).toLongLong();
+            else
+                std::fprintf(stderr, "no backend: %s\n", qPrintable(query.lastError().text()));
+        }
     }
     QSqlDatabase::removeDatabase(QStringLiteral("backend"));
     return pid;

@@ -20,6 +20,7 @@
 #include <QTest>
 
 #include <cstdio>
+#include <functional>
 
 namespace tolvinpt::campaign {
 namespace {
@@ -60,25 +61,43 @@ void print(const QString& line)
     std::fflush(stdout);
 }
 
-// Runs a save command. When the database failed it (its session was killed), the operator must still have
-// the typed text in `field`, and the same command must store it once the server is back: tried for 20 s.
-void save(QWidget& form, OperatorRobot& robot, const QString& command, const QString& field)
+// Runs `command` until `done()`. A command the database failed (its session was killed) must have kept
+// the typed text in `field`, and must succeed once the server is back: tried again for 20 s. Some fail
+// quietly by the form's rule (the change save when its checks cannot read); `done()` tells.
+void untilDone(QWidget& form, OperatorRobot& robot, const std::function<void()>& command,
+               const QString& field, const std::function<bool()>& done)
 {
     const QString typed = OperatorRobot::text(form, field);
     robot.takeMessages();
-    OperatorRobot::run(form, command);
+    command();
     QStringList shown = robot.takeMessages();
-    if (shown.isEmpty() || shown == QStringList{DuplicateKeyText.toString()})
+    if (done() || shown == QStringList{DuplicateKeyText.toString()})
         return;
     print(QStringLiteral("fault %1: %2")
-              .arg(OperatorRobot::text(form, field) == typed ? u"kept" : u"LOST", shown.join(u" / ")));
-    for (int attempt = 0; attempt < 80 && !shown.isEmpty(); ++attempt) {
+              .arg(OperatorRobot::text(form, field) == typed ? u"kept" : u"LOST",
+                   shown.isEmpty() ? QStringLiteral("(quiet)") : shown.join(u" / ")));
+    const QStringList duplicate{DuplicateKeyText.toString()};
+    for (int attempt = 0; attempt < 80 && !done() && shown != duplicate; ++attempt) {
         QTest::qWait(250);
-        OperatorRobot::run(form, command);
+        command();
         shown = robot.takeMessages();
     }
-    print(shown.isEmpty() ? QStringLiteral("again stored")
-                          : QStringLiteral("again FAILED: ") + shown.join(u" / "));
+    // A commit whose answer the lost session did not bring back: the next try meets the stored record.
+    if (shown == duplicate)
+        print(QStringLiteral("again refused: the failed try had stored it"));
+    else
+        print(done() ? QStringLiteral("again stored")
+                     : QStringLiteral("again FAILED: ") + shown.join(u" / "));
+}
+
+// Closes the form as the operator does: a change its save did not store is asked about (Yes, save).
+void close(QWidget& form, OperatorRobot& robot, const QString& field)
+{
+    untilDone(
+        form, robot, [&form] { OperatorRobot::run(form, QStringLiteral("mnuDataExit")); }, field,
+        [&form] { return !form.isVisible(); });
+    if (form.isVisible())
+        OperatorRobot::run(form, QStringLiteral("mnuExitCancel"));
 }
 
 void change(QWidget& form, OperatorRobot& robot, const Decimal& delivery, int count, int n)
@@ -88,7 +107,8 @@ void change(QWidget& form, OperatorRobot& robot, const Decimal& delivery, int co
     OperatorRobot::visit(form, QStringLiteral("txtAmountDelivery"));
     OperatorRobot::type(form, QStringLiteral("txtMyRemarksA"), QStringLiteral("S%1P%2").arg(n).arg(count));
     choosePackages(form, robot, delivery, count);
-    save(form, robot, QStringLiteral("mnuDataSave"), QStringLiteral("txtMyRemarksA"));
+    OperatorRobot::run(form, QStringLiteral("mnuDataSave"));
+    close(form, robot, QStringLiteral("txtMyRemarksA"));
 }
 
 void split(QWidget& form, OperatorRobot& robot, int n)
@@ -99,6 +119,7 @@ void split(QWidget& form, OperatorRobot& robot, int n)
         OperatorRobot::press(dialog, QStringLiteral("cmdAny(0)"));
     });
     OperatorRobot::run(form, QStringLiteral("mnuDataDivide"));
+    close(form, robot, QStringLiteral("txtMyRemarksA"));
 }
 
 void enter(QWidget& form, OperatorRobot& robot, const NewRecord& record)
@@ -106,7 +127,10 @@ void enter(QWidget& form, OperatorRobot& robot, const NewRecord& record)
     OperatorRobot::run(form, QStringLiteral("mnuDataNew"));
     OperatorRobot::type(form, QStringLiteral("txtOrderNo"), record.orderNo());
     if (record.how == u'S') {
-        OperatorRobot::press(form, QStringLiteral("cmdFind"));
+        untilDone(
+            form, robot, [&form] { OperatorRobot::press(form, QStringLiteral("cmdFind")); },
+            QStringLiteral("txtOrderNo"),
+            [&form] { return !OperatorRobot::text(form, QStringLiteral("txtHCode")).isEmpty(); });
     } else {
         OperatorRobot::type(form, QStringLiteral("txtHCode"), QStringLiteral("HC-N"));
         OperatorRobot::type(form, QStringLiteral("txtAmountOrder"), QString::number(record.quantity()));
@@ -119,11 +143,16 @@ void enter(QWidget& form, OperatorRobot& robot, const NewRecord& record)
     OperatorRobot::type(form, QStringLiteral("txtMyRemarksA"), record.remark());
     OperatorRobot::visit(form, QStringLiteral("txtAmountDelivery")); // see change()
     choosePackages(form, robot, Decimal::fromInteger(record.quantity()), record.packages());
-    save(form, robot, QStringLiteral("mnuNewDataSave"), key);
-    if (form.findChild<QCheckBox*>(QStringLiteral("chkNew"))->isChecked()) {
+    auto* newMode = form.findChild<QCheckBox*>(QStringLiteral("chkNew"));
+    // Stored, the form leaves new-record mode.
+    untilDone(
+        form, robot, [&form] { OperatorRobot::run(form, QStringLiteral("mnuNewDataSave")); }, key,
+        [newMode] { return !newMode->isChecked(); });
+    if (newMode->isChecked()) {
         print(QStringLiteral("refused %1").arg(record.key()));
         OperatorRobot::run(form, QStringLiteral("mnuNewDataCancel"));
     }
+    close(form, robot, key);
 }
 
 } // namespace
@@ -155,7 +184,6 @@ int drive(const QString& address, quint32 seed)
             } else {
                 change(form, robot, delivery, divisible ? int(random.bounded(6)) : 0, n);
             }
-            OperatorRobot::run(form, QStringLiteral("mnuDataExit"));
         });
         try {
             fmInput input;

@@ -91,7 +91,8 @@ public:
     // statement goes through QSqlQuery, as it will for engines without a native path.
     enum class StatementPath { Native, Portable };
 
-    // `connection` must be open. Throws DatabaseError for an engine without a dialect.
+    // `connection` must be open, or lost (see reopenIfLost), when it is opened again. Throws DatabaseError
+    // for an engine without a dialect or when a lost connection cannot be opened again.
     explicit Database(const QSqlDatabase& connection, StatementPath path = StatementPath::Native);
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
@@ -103,8 +104,9 @@ public:
     // Throws DatabaseError when `sql` does not compile.
     Statement prepare(const QString& sql);
     // Opens the connection again when the engine reports it broken (a server restart or a dropped link
-    // since the last statement), so that the next transaction runs; every prepared statement is prepared
-    // anew. Does nothing while a statement is in use. Throws DatabaseError when it cannot reopen.
+    // since the last statement); every prepared statement is prepared anew. Runs before each statement
+    // outside a transaction: inside one, a lost session fails every statement until it ends. Does nothing
+    // while a statement is in use. Throws DatabaseError when it cannot reopen.
     void reopenIfLost();
     // Prepares, binds `values` in order and runs a statement that returns no rows.
     void execute(const QString& sql, std::initializer_list<QVariant> values = {});
@@ -119,12 +121,14 @@ public:
     void runScript(const QString& script);
 
 private:
+    friend class Transaction;
     SqlBackend& backend();
 
     QSqlDatabase m_connection;
     const SqlDialect* m_dialect;
     StatementPath m_path;
     std::unique_ptr<SqlBackend> m_backend;
+    int m_openTransactions = 0;
 };
 
 // The statements of a script, split at ';' outside quotes and comments; comments and blank statements

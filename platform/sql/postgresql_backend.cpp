@@ -211,7 +211,7 @@ bool postgresqlConnectionLost(const QSqlDatabase& connection)
     if (!isLibpqHandle(handle))
         return false;
     PGconn* pg = *static_cast<PGconn* const*>(handle.constData());
-    return !pg || PQstatus(pg) == CONNECTION_BAD;
+    return pg && PQstatus(pg) == CONNECTION_BAD;
 }
 
 QString numberedPlaceholders(const QString& sql)

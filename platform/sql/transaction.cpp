@@ -8,10 +8,9 @@ namespace tolvinpt::db {
 
 Transaction::Transaction(Database& database, Kind kind) : m_database(database)
 {
-    m_database.reopenIfLost();
     const QStringList begin = m_database.dialect().beginTransaction(kind);
-    m_database.execute(begin.first());
-    m_open = true;
+    m_database.execute(begin.first()); // the last statement that may open a lost connection again
+    setOpen(true);
     try {
         for (qsizetype i = 1; i < begin.size(); ++i)
             m_database.execute(begin[i]);
@@ -27,6 +26,14 @@ Transaction::~Transaction()
         rollbackQuietly();
 }
 
+void Transaction::setOpen(bool open)
+{
+    m_database.m_openTransactions += open ? 1 : -1;
+    m_open = open;
+}
+
+// The transaction counts as open until its ROLLBACK has run, so that a lost session is not opened again
+// for it.
 void Transaction::rollbackQuietly() noexcept
 {
     try {
@@ -34,18 +41,24 @@ void Transaction::rollbackQuietly() noexcept
     } catch (const DatabaseError&) {
         // The engine may have rolled back on its own already (a full disk, RAISE(ROLLBACK)).
     }
+    setOpen(false);
 }
 
 void Transaction::commit()
 {
     m_database.execute(u"COMMIT"_s);
-    m_open = false;
+    setOpen(false);
 }
 
 void Transaction::rollback()
 {
-    m_open = false;
-    m_database.execute(u"ROLLBACK"_s);
+    try {
+        m_database.execute(u"ROLLBACK"_s);
+    } catch (const DatabaseError&) {
+        setOpen(false);
+        throw;
+    }
+    setOpen(false);
 }
 
 } // namespace tolvinpt::db

@@ -30,6 +30,7 @@ public:
     bool isOpen() const { return m_open; }
 
 private:
+    void setOpen(bool open);
     void rollbackQuietly() noexcept;
 
     Database& m_database;
