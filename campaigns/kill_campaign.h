@@ -40,7 +40,8 @@ struct NewRecord
     QList<Value> stored() const;
 };
 
-// Runs entry calls on the starting records until killed; prints "done N" after each completed call, and
+// Runs entry calls on the starting records until killed; prints "ready" once it has the database, "done N"
+// after each completed call, and
 // what went wrong where the operator would see it. Returns only when it cannot open the database.
 int drive(const QString& address, quint32 seed);
 

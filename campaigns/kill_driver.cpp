@@ -169,6 +169,7 @@ int drive(const QString& address, quint32 seed)
     OperatorRobot robot;
     QRandomGenerator random(seed);
     std::optional<NewRecord> entered;
+    print(QStringLiteral("ready"));
     for (int n = 0;; ++n) {
         robot.when(EntryFormTitle, [&, n](QWidget& form) {
             const Decimal delivery =

@@ -79,17 +79,11 @@ public:
     {
         static std::atomic<unsigned> counter{0};
         m_name = "tolvinpt_" + QByteArray::number(++counter);
-        PGresult* prepared = PQprepare(m_handle, m_name.constData(), numberedPlaceholders(sql).toUtf8().constData(),
-                                       0, nullptr);
-        const bool ok = PQresultStatus(prepared) == PGRES_COMMAND_OK;
-        if (!ok) {
-            const DatabaseError error = resultError(m_handle, prepared);
-            PQclear(prepared);
-            throw error;
-        }
-        PQclear(prepared);
-        PGresult* described = PQdescribePrepared(m_handle, m_name.constData());
-        m_parameters.resize(PQresultStatus(described) == PGRES_COMMAND_OK ? PQnparams(described) : 0);
+        PQclear(commandDone(PQprepare(m_handle, m_name.constData(),
+                                      numberedPlaceholders(sql).toUtf8().constData(), 0, nullptr)));
+        // The session may be lost between the two: its error, not a statement without parameters.
+        PGresult* described = commandDone(PQdescribePrepared(m_handle, m_name.constData()));
+        m_parameters.resize(PQnparams(described));
         PQclear(described);
     }
     ~PostgresqlStatement() override
@@ -166,7 +160,10 @@ public:
     }
     // Keys come back through INSERT ... RETURNING; the server has no connection-wide last key.
     qint64 lastInsertId() const override { return 0; }
-    qint64 rowsAffected() const override { return m_result ? QByteArray(PQcmdTuples(m_result)).toLongLong() : 0; }
+    qint64 rowsAffected() const override
+    {
+        return m_result ? QByteArray(PQcmdTuples(m_result)).toLongLong() : 0;
+    }
 
     void reset() override
     {
@@ -175,6 +172,17 @@ public:
     }
 
 private:
+    // `result`, when its command completed; else it goes, and its error is thrown.
+    PGresult* commandDone(PGresult* result) const
+    {
+        if (PQresultStatus(result) != PGRES_COMMAND_OK) {
+            const DatabaseError error = resultError(m_handle, result);
+            PQclear(result);
+            throw error;
+        }
+        return result;
+    }
+
     void clearResult()
     {
         PQclear(m_result);
@@ -243,7 +251,8 @@ QString numberedPlaceholders(const QString& sql)
 
 std::unique_ptr<SqlBackend> makePostgresqlBackend(const QSqlDatabase& connection)
 {
-    return std::make_unique<HandleBackend<PGconn, PostgresqlStatement>>(connection, postgresqlHandle(connection));
+    return std::make_unique<HandleBackend<PGconn, PostgresqlStatement>>(connection,
+                                                                        postgresqlHandle(connection));
 }
 
 } // namespace tolvinpt::db
