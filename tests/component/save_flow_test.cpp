@@ -122,6 +122,9 @@ TEST_F(SaveFlow, ASessionTheServerDroppedIsOpenedAgainByTheNextStatement)
 {
     if (temp.engine() != test::Engine::PostgreSQL)
         GTEST_SKIP() << "a session of the server";
+    // The fixture's statements would keep the session the component replaces: none until it is back.
+    temp.close();
+    temp.reopen();
     const auto dropSession = [this] {
         test::SecondConnection(temp, {u"SELECT pg_terminate_backend(pid) FROM pg_stat_activity "
                                       "WHERE datname = current_database() AND pid <> pg_backend_pid()"_s});
