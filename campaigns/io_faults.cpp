@@ -1,5 +1,5 @@
-// I/O faults under the operator's work: for a save and a split through the real form, every read,
-// write, sync and lock that the operation makes is failed in turn (writes also with "disk full"). Each
+// I/O faults under the operator's work: for a save, a new record and a split through the real form, every
+// read, write, sync and lock that the operation makes is failed in turn (writes also with "disk full"). Each
 // run must either succeed completely or show the database's message, leave the database as it was and
 // the typed values on the form; once the fault is lifted the same command must succeed.
 //   tolvinpt-io-faults [MAX_PER_KIND]   (offscreen; default: every call the operation makes)
@@ -12,6 +12,7 @@
 #include <tolvinpt/fmInput.h>
 
 #include <QApplication>
+#include <QCheckBox>
 
 #include <sqlite3.h>
 
@@ -62,6 +63,20 @@ int countRows(const QString& path, const QString& sql)
     sqlite3_finalize(statement);
     sqlite3_close(db);
     return rows;
+}
+
+// A new record that passes every check, typed on the blank form field by field (the last one left by
+// the remark, so that its own check has run).
+QList<std::pair<QString, QString>> newRecordFields(int n)
+{
+    return {{QStringLiteral("txtOrderNo"), QStringLiteral("PO-NEW")},
+            {QStringLiteral("txtPaymentKeyNo"), QStringLiteral("NEW-%1").arg(n)},
+            {QStringLiteral("txtHCode"), QStringLiteral("HC-N")},
+            {QStringLiteral("txtAmountOrder"), QStringLiteral("2")},
+            {QStringLiteral("txtAmountDelivery"), QStringLiteral("2")},
+            {QStringLiteral("txtDate(0)"), QStringLiteral("20050401")},
+            {QStringLiteral("txtDate(1)"), QStringLiteral("20050402")},
+            {QStringLiteral("txtMyRemarksA"), QStringLiteral("IO-NEW")}};
 }
 
 // One command on the form: what the operator typed, the command, the fields that must keep their text.
@@ -199,6 +214,21 @@ int main(int argc, char** argv)
          QStringLiteral("mnuDataDivide"),
          {},
          QStringLiteral("SELECT COUNT(*) FROM T_Delivery WHERE F00159 = 'SPLIT-%1'")},
+        {"new",
+         [](QWidget& form, OperatorRobot&, int n) {
+             if (!form.findChild<QCheckBox*>(QStringLiteral("chkNew"))->isChecked())
+                 OperatorRobot::run(form, QStringLiteral("mnuDataNew"));
+             for (const auto& [field, text] : newRecordFields(n))
+                 OperatorRobot::type(form, field, text);
+         },
+         QStringLiteral("mnuNewDataSave"),
+         [] {
+             QStringList fields;
+             for (const auto& [field, text] : newRecordFields(0))
+                 fields.append(field);
+             return fields;
+         }(),
+         QStringLiteral("SELECT COUNT(*) FROM T_Delivery WHERE F00159 = 'NEW-%1'")},
     };
     const std::pair<Io, int> faults[] = {{Io::Read, SQLITE_IOERR_READ},
                                          {Io::Write, SQLITE_IOERR_WRITE},

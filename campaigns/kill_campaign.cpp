@@ -1,212 +1,217 @@
-// Killed at any instant: a driver process works on a database through the real form (saves of changed
-// records with 0 to 5 packages, splits) until it is killed with SIGKILL at a random moment; then the
-// database is checked: integrity; every order's delivery quantities add up to what it had (a split is
-// wholly there or wholly absent); a record of individual packages has the packages its save wrote,
-// adding up to its delivery quantity, any other record none; no delivery key twice.
-//   tolvinpt-kill-campaign [KILLS [delete|wal] [SEED]]   (offscreen; default 1000 kills, delete journal)
+// Killed at any instant: a driver process works on a database through the real form (see kill_driver.cpp)
+// until it is killed with SIGKILL at a random moment; then the checker opens the database (see
+// kill_checker.cpp). On a server the campaign kills either the driver or the server's backend process of
+// the driver's connection; then the driver must show the database's message, keep the typed values and
+// store them once the server is back.
+//   tolvinpt-kill-campaign [KILLS [delete|wal|pg-client|pg-server [SEED [postgresql://URI]]]]
+// Offscreen; default 1000 kills on SQLite with the rollback journal. On a server the campaign uses the
+// test run's server when there is one, else starts a throw-away cluster; a URI names an empty database
+// to work in instead (the backend kills then need its server on this machine).
+#include "campaigns/kill_campaign.h"
 #include "campaigns/campaign_data.h"
-#include "campaigns/operator_robot.h"
-#include "platform/values/decimal.h"
-#include "platform/values/number_text.h"
-#include "tests/support/fake_host.h"
+#include "host/database_location.h"
+#include "store/schema.h"
+#include "tests/support/pg_server.h"
 #include "tests/support/temp_database.h"
 
-#include <tolvinpt/fmInput.h>
-
-#include <QAbstractButton>
-#include <QAbstractItemModel>
 #include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
 #include <QProcess>
 #include <QRandomGenerator>
-#include <QRegularExpression>
-#include <QTableView>
+#include <QSqlError>
+#include <QSqlQuery>
 #include <QThread>
-
-#include <sqlite3.h>
 
 #include <csignal>
 #include <cstdio>
+#include <memory>
 
 using namespace tolvinpt;
-using campaign::OperatorRobot;
 
 namespace {
 
-constexpr int Records = 6; // each with a delivery quantity of 10
-
-// Package quantities that add up to `delivery`: count - 1 of 0.001 and the rest in the last.
-QStringList packagesOf(const Decimal& delivery, int count)
+// The database the campaign works in, with the starting records.
+class KillDatabase
 {
-    QStringList quantities;
-    Decimal rest = delivery;
-    for (int k = 1; k < count; ++k) {
-        quantities.append(QStringLiteral("0.001"));
-        rest = rest - *Decimal::fromString(u"0.001");
-    }
-    quantities.append(rest.toString());
-    return quantities;
-}
-
-// One operation on the record on screen, chosen by `random`.
-void operate(QWidget& form, OperatorRobot& robot, QRandomGenerator& random, int n)
-{
-    const Decimal delivery = leadingNumber(OperatorRobot::text(form, QStringLiteral("txtAmountDelivery")));
-    if (random.bounded(10) < 4 && delivery > *Decimal::fromString(u"0.01")) {
-        robot.when(campaign::SplitDialogTitle, [n](QWidget& dialog) {
-            OperatorRobot::type(dialog, QStringLiteral("txtPayment(1)"), QStringLiteral("K%1").arg(n));
-            OperatorRobot::type(dialog, QStringLiteral("txtAmount(1)"), QStringLiteral("0.001"));
-            OperatorRobot::press(dialog, QStringLiteral("cmdAny(0)"));
-        });
-        OperatorRobot::run(form, QStringLiteral("mnuDataDivide"));
-    } else {
-        const int count = delivery > *Decimal::fromString(u"0.01") ? random.bounded(6) : 0;
-        // Through the delivery quantity first, as Tab takes an operator: a save whose checks find the
-        // quantity "changed" since the record was shown returns it to a single package.
-        OperatorRobot::visit(form, QStringLiteral("txtAmountDelivery"));
-        OperatorRobot::type(form, QStringLiteral("txtMyRemarksA"),
-                            QStringLiteral("S%1P%2").arg(n).arg(count));
-        OperatorRobot::press(form, count == 0 ? QStringLiteral("optQuantity(1)")
-                                              : QStringLiteral("optQuantity(3)"));
-        if (count > 0) {
-            robot.when(QStringLiteral("個別 入数情報"), [&](QWidget& editor) {
-                QAbstractItemModel* model = editor.findChild<QTableView*>()->model();
-                const QStringList quantities = packagesOf(delivery, count);
-                for (int row = 0; row < 100; ++row)
-                    model->setData(model->index(row, 0), row < count ? quantities[row] : QString());
-                editor.findChild<QAbstractButton*>(QStringLiteral("戻る"))->click(); // keeps them: Yes
-            });
-            OperatorRobot::press(form, QStringLiteral("cmdQuantity"));
+public:
+    KillDatabase(const QString& mode, const QString& uri)
+    {
+        if (!mode.startsWith(u"pg-")) {
+            m_file = std::make_unique<test::TempDatabase>();
+            m_file->db().execute(QStringLiteral("PRAGMA journal_mode = ") + mode);
+            fill(m_file->db());
+            address = m_file->filePath();
+            m_file->close();
+            return;
         }
-        OperatorRobot::run(form, QStringLiteral("mnuDataSave"));
+        address = uri.isEmpty() ? newServerDatabase(mode == u"pg-server") : givenServerDatabase(uri);
+        {
+            QSqlDatabase connection = test::TempDatabase::addConnection(QStringLiteral("setup"), address);
+            if (!connection.open())
+                throw std::runtime_error("cannot open the campaign's database");
+            QSqlQuery(connection).exec(QStringLiteral("CREATE EXTENSION IF NOT EXISTS amcheck"));
+            db::Database database(connection);
+            createDeliveryTables(database);
+            fill(database);
+        }
+        QSqlDatabase::removeDatabase(QStringLiteral("setup"));
     }
-    OperatorRobot::run(form, QStringLiteral("mnuDataExit"));
+    ~KillDatabase()
+    {
+        if (!m_serverDatabase.isEmpty())
+            m_server.admin(QStringLiteral("DROP DATABASE %1 WITH (FORCE)").arg(m_serverDatabase));
+    }
+
+    QString address;
+
+private:
+    static void fill(db::Database& database)
+    {
+        for (int n = 0; n < campaign::KillRecords; ++n)
+            campaign::addDeliveryRecord(database, n);
+    }
+
+    // On the test run's server, else on a cluster of the campaign's own; always on its own where it kills
+    // the server's processes, which restarts every session of the server.
+    QString newServerDatabase(bool ownServer)
+    {
+        if (!ownServer && QFile::exists(QString::fromUtf8(TOLVINPT_PG_SERVER_CONF))) {
+            m_server = test::PgServer::shared();
+        } else {
+            m_ownServer = std::make_unique<test::PrivatePgServer>();
+            m_server = m_ownServer->server();
+        }
+        m_serverDatabase = QStringLiteral("tolvinpt_kill_%1").arg(QCoreApplication::applicationPid());
+        m_server.admin(QStringLiteral("CREATE DATABASE ") + m_serverDatabase);
+        return QStringLiteral("postgresql:") + m_server.connectionString(m_serverDatabase);
+    }
+
+    static QString givenServerDatabase(const QString& uri)
+    {
+        QString error;
+        const auto server = host::parseServerUri(uri, error);
+        if (!server)
+            throw std::runtime_error(error.toStdString());
+        return QStringLiteral("postgresql:host=%1 port=%2 user=%3 dbname=%4")
+            .arg(server->host)
+            .arg(server->port)
+            .arg(server->user, server->name);
+    }
+
+    std::unique_ptr<test::TempDatabase> m_file;
+    std::unique_ptr<test::PrivatePgServer> m_ownServer;
+    test::PgServer m_server;
+    QString m_serverDatabase;
+};
+
+// The server's process that serves the driver's connection: the one session on the database that is not
+// the asking one. 0 when there is none yet.
+qint64 backendOf(const QString& address)
+{
+    qint64 pid = 0;
+    {
+        QSqlDatabase connection = test::TempDatabase::addConnection(QStringLiteral("backend"), address);
+        if (connection.open()) {
+            QSqlQuery query(connection);
+            if (query.exec(
+                    QStringLiteral("SELECT pid FROM pg_stat_activity WHERE datname = current_database() "
+                                   "AND pid <> pg_backend_pid() AND backend_type = 'client backend'")) &&
+                query.next())
+                pid = query.value(0).toLongLong();
+            else
+                std::fprintf(stderr, "no backend: %s\n", qPrintable(query.lastError().text()));
+        }
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("backend"));
+    return pid;
 }
 
-// The driver: entry calls on the records in turn until it is killed.
-int drive(const QString& path, quint32 seed)
+struct Tally
 {
-    QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("driver"));
-    connection.setDatabaseName(path);
-    if (!connection.open())
-        return 1;
-    test::FakeHostData host;
-    host.connectionName = QStringLiteral("driver");
-    host.customers = {{.id = 1, .code = QStringLiteral("1234"), .name = QStringLiteral("東京電機")}};
-    test::registerFakeHost(host);
-    OperatorRobot robot;
+    int operations = 0, refused = 0, faults = 0, violations = 0;
+};
+
+// What the driver said since it started: completed calls, refused duplicates, and what it reported of a
+// fault (its message, the typed values kept or lost, the next save; a call that failed). Where the server's
+// process was killed, a fault is expected and anything but a clean recovery is a violation; elsewhere any
+// fault is.
+QStringList readDriver(const QByteArray& said, bool faultsExpected, Tally& tally)
+{
+    QStringList wrong;
+    for (const QByteArray& line : said.split('\n')) {
+        const bool fault = line.startsWith("fault ") || line.startsWith("call failed");
+        tally.operations += line.startsWith("done ") ? 1 : 0;
+        tally.refused += line.startsWith("refused ") ? 1 : 0;
+        tally.faults += fault ? 1 : 0;
+        // The database's message carries its number; number 0 is this system's own failure.
+        if ((fault && !faultsExpected) || line.startsWith("fault LOST") || line.startsWith("again FAILED") ||
+            (fault && line.endsWith("(0)")))
+            wrong.append(QString::fromUtf8(line));
+    }
+    return wrong;
+}
+
+// Kills the server's process of the driver's connection, then lets the driver go on until it has finished
+// two more calls (it must recover), and kills it too.
+QStringList killBackend(QProcess& driver, const QString& address)
+{
+    const qint64 pid = backendOf(address);
+    if (pid == 0)
+        return {};
+    const qsizetype before = driver.peek(1 << 24).count("done ");
+    if (::kill(pid_t(pid), SIGKILL) != 0)
+        throw std::runtime_error("cannot signal the server's process (the server must run on this machine)");
+    QElapsedTimer waited;
+    waited.start();
+    while (driver.peek(1 << 24).count("done ") < before + 2 && waited.elapsed() < 30000 &&
+           driver.state() == QProcess::Running)
+        driver.waitForReadyRead(200);
+    if (driver.peek(1 << 24).count("done ") < before + 2)
+        return {QStringLiteral("the driver did not go on after the server's process was killed")};
+    return {};
+}
+
+int run(int kills, const QString& mode, quint32 seed, const QString& uri)
+{
+    const KillDatabase database(mode, uri);
     QRandomGenerator random(seed);
-    for (int n = 0;; ++n) {
-        robot.when(campaign::EntryFormTitle, [&, n](QWidget& form) { operate(form, robot, random, n); });
-        fmInput input;
-        Items items{ListKey(1 + random.bounded(Records))};
-        input.InputData(items);
-        std::printf("done %d\n", n);
-        std::fflush(stdout);
-    }
-}
-
-// The rows of `sql`, each as its columns' texts.
-QList<QStringList> rows(sqlite3* db, const char* sql)
-{
-    QList<QStringList> out;
-    sqlite3_stmt* statement = nullptr;
-    if (sqlite3_prepare_v2(db, sql, -1, &statement, nullptr) != SQLITE_OK)
-        return {{QStringLiteral("cannot prepare: ") + QString::fromUtf8(sqlite3_errmsg(db))}};
-    while (sqlite3_step(statement) == SQLITE_ROW) {
-        QStringList row;
-        for (int c = 0; c < sqlite3_column_count(statement); ++c)
-            row.append(QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, c))));
-        out.append(row);
-    }
-    sqlite3_finalize(statement);
-    return out;
-}
-
-Decimal decimal(const QString& text)
-{
-    return leadingNumber(text);
-}
-
-// What the killed driver must have left; empty when all holds.
-QStringList check(const QString& path)
-{
-    sqlite3* db = nullptr;
-    QStringList broken;
-    if (sqlite3_open(path.toUtf8().constData(), &db) != SQLITE_OK)
-        return {QStringLiteral("cannot open")};
-    if (rows(db, "PRAGMA integrity_check") != QList<QStringList>{{QStringLiteral("ok")}})
-        broken.append(QStringLiteral("integrity check"));
-    for (const QStringList& order :
-         rows(db, "SELECT F00007, group_concat(F00036, ' ') FROM T_Delivery GROUP BY F00007")) {
-        Decimal sum;
-        for (const QString& quantity : order[1].split(u' '))
-            sum = sum + decimal(quantity);
-        if (sum != Decimal::fromInteger(10))
-            broken.append(QStringLiteral("order %1 adds up to %2").arg(order[0], sum.toString()));
-    }
-    const QRegularExpression remark(QStringLiteral("^S\\d+P(\\d+)$"));
-    for (const QStringList& record :
-         rows(db, "SELECT d.IDData, d.QuantityType, d.F00036, d.F00164, COUNT(q.IDData), "
-                  "coalesce(group_concat(q.Quantity, ' '), '') FROM T_Delivery d LEFT JOIN T_DeliveryQTY q "
-                  "ON q.IDData = d.IDData GROUP BY d.IDData")) {
-        const int packages = record[4].toInt();
-        Decimal sum;
-        for (const QString& quantity : record[5].split(u' ', Qt::SkipEmptyParts))
-            sum = sum + decimal(quantity);
-        const auto written = remark.match(record[3]);
-        const bool individual = record[1] == u"3";
-        if (individual &&
-            (!written.hasMatch() || written.captured(1).toInt() != packages || sum != decimal(record[2])))
-            broken.append(QStringLiteral("record %1: %2 packages adding up to %3 for %4, remark %5")
-                              .arg(record[0], record[4], sum.toString(), record[2], record[3]));
-        if (!individual && packages != 0)
-            broken.append(QStringLiteral("record %1: packages without individual packing").arg(record[0]));
-    }
-    if (!rows(db, "SELECT F00159 FROM T_Delivery WHERE InDustBox = 0 GROUP BY IDCustomer, F00007, F00159 "
-                  "HAVING COUNT(*) > 1")
-             .isEmpty())
-        broken.append(QStringLiteral("a delivery key twice"));
-    sqlite3_close(db);
-    return broken;
-}
-
-int run(int kills, const QString& journal, quint32 seed)
-{
-    test::TempDatabase temp;
-    temp.db().execute(QStringLiteral("PRAGMA journal_mode = ") + journal);
-    for (int n = 0; n < Records; ++n)
-        campaign::addDeliveryRecord(temp.db(), n);
-    const QString path = temp.filePath();
-    temp.close();
-    QRandomGenerator random(seed);
-    int operations = 0, violations = 0;
+    Tally tally;
     for (int kill = 0; kill < kills; ++kill) {
         QProcess driver;
         driver.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         driver.start(QCoreApplication::applicationFilePath(),
-                     {QStringLiteral("--drive"), path, QString::number(random.generate())});
+                     {QStringLiteral("--drive"), database.address, QString::number(random.generate())});
+        // A random moment once it works: on a busy machine its start alone can take a second.
         driver.waitForStarted();
-        QThread::msleep(150 + random.bounded(1000));
+        QElapsedTimer started;
+        started.start();
+        while (!driver.peek(64).startsWith("ready") && started.elapsed() < 60000 &&
+               driver.state() == QProcess::Running)
+            driver.waitForReadyRead(100);
+        QThread::msleep(random.bounded(1000));
+        const bool serverKill = mode == u"pg-server";
+        QStringList broken = serverKill ? killBackend(driver, database.address) : QStringList();
         ::kill(pid_t(driver.processId()), SIGKILL);
         driver.waitForFinished();
-        operations += int(driver.readAllStandardOutput().count("done "));
-        const QStringList broken = check(path);
+        const QByteArray said = driver.readAllStandardOutput();
+        broken += readDriver(said, serverKill, tally) + campaign::checkDatabase(database.address);
         for (const QString& what : broken)
             std::fprintf(stderr, "kill %d: %s\n", kill + 1, qPrintable(what));
-        violations += broken.isEmpty() ? 0 : 1;
+        const QList<QByteArray> lines = said.split('\n');
+        if (!broken.isEmpty()) // what the driver said last
+            std::fprintf(stderr, "  the driver's last words:\n%s\n",
+                         lines.mid(std::max<qsizetype>(0, lines.size() - 10)).join('\n').constData());
+        tally.violations += broken.isEmpty() ? 0 : 1;
     }
-    sqlite3* db = nullptr;
-    sqlite3_open(path.toUtf8().constData(), &db);
-    const QStringList made = rows(db, "SELECT COUNT(*) - 6, (SELECT COUNT(*) FROM T_DeliveryQTY), "
-                                      "SUM(QuantityType = 3) FROM T_Delivery")
-                                 .value(0);
-    sqlite3_close(db);
-    std::printf(
-        "%s journal: %d kills after %d completed entry calls in all (%s splits stored, %s package rows "
-        "in %s individually packed records at the end); %d left a broken database\n",
-        qPrintable(journal), kills, operations, qPrintable(made.value(0)), qPrintable(made.value(1)),
-        qPrintable(made.value(2)), violations);
-    return violations == 0 ? 0 : 1;
+    const QStringList made = campaign::madeCounts(database.address);
+    std::printf("%s: %d kills after %d completed entry calls in all (%d faults reported and recovered from, "
+                "%d duplicate new records refused; %s splits, %s package rows in %s individually packed "
+                "records and %s new records stored at the end); %d left a violation\n",
+                qPrintable(mode), kills, tally.operations, tally.faults, tally.refused,
+                qPrintable(made.value(0)), qPrintable(made.value(1)), qPrintable(made.value(2)),
+                qPrintable(made.value(3)), tally.violations);
+    return tally.violations == 0 ? 0 : 1;
 }
 
 } // namespace
@@ -216,8 +221,13 @@ int main(int argc, char** argv)
     QApplication app(argc, argv);
     const QStringList arguments = app.arguments();
     if (arguments.size() == 4 && arguments[1] == u"--drive")
-        return drive(arguments[2], arguments[3].toUInt());
-    return run(arguments.size() > 1 ? arguments[1].toInt() : 1000,
-               arguments.size() > 2 ? arguments[2] : QStringLiteral("delete"),
-               arguments.size() > 3 ? arguments[3].toUInt() : 20261124);
+        return campaign::drive(arguments[2], arguments[3].toUInt());
+    try {
+        return run(arguments.size() > 1 ? arguments[1].toInt() : 1000,
+                   arguments.size() > 2 ? arguments[2] : QStringLiteral("delete"),
+                   arguments.size() > 3 ? arguments[3].toUInt() : 20261124, arguments.value(4));
+    } catch (const std::exception& e) {
+        std::fprintf(stderr, "%s\n", e.what());
+        return 2;
+    }
 }

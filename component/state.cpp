@@ -1,5 +1,7 @@
 #include "component/state.h"
 
+#include "platform/sql/sql_dialect.h"
+
 #include <tolvinpt/error.h>
 
 namespace tolvinpt {
@@ -17,7 +19,9 @@ const QSqlDatabase& openDatabase()
 {
     if (!gDB.isValid())
         throwObjectNotSet();
-    if (!gDB.isOpen())
+    // A session the server dropped is no closed connection: the entry call opens it again.
+    const db::SqlDialect* dialect = db::SqlDialect::of(gDB);
+    if (!gDB.isOpen() && !(dialect && dialect->connectionLost(gDB)))
         throw Error(QStringLiteral("Object invalid or no longer set."), 3420);
     return gDB;
 }

@@ -28,8 +28,8 @@ template <typename T> T& required(const std::shared_ptr<T>& object)
     return *object;
 }
 
-// gDB when it is an open connection: "object not set" when the host gave none, "object invalid" (3420)
-// when it is closed.
+// gDB when it is an open connection (or one whose session the server dropped): "object not set" when the
+// host gave none, "object invalid" (3420) when it is closed.
 const QSqlDatabase& openDatabase();
 
 // Customers not marked Deleted; counted anew on every call.

@@ -8,6 +8,23 @@
 using namespace Qt::StringLiterals;
 
 namespace tolvinpt::db {
+namespace {
+
+// Opens and closes a session of its own to the connection's database: its error when that fails.
+std::optional<QSqlError> newSessionFails(const QSqlDatabase& connection)
+{
+    const QString name = connection.connectionName() + u"-probe"_s;
+    std::optional<QSqlError> error;
+    {
+        QSqlDatabase probe = QSqlDatabase::cloneDatabase(connection, name);
+        if (!probe.open())
+            error = probe.lastError();
+    }
+    QSqlDatabase::removeDatabase(name);
+    return error;
+}
+
+} // namespace
 
 DatabaseError::DatabaseError(const QString& description, long number)
     : std::runtime_error(description.toStdString()), m_description(description), m_number(number)
@@ -30,7 +47,9 @@ long DatabaseError::sqlStateNumber(QStringView code)
         return 0;
     long number = 0;
     for (const QChar c : code) {
-        const int digit = c.isDigit() ? c.unicode() - u'0' : c.isUpper() && c.unicode() < 128 ? c.unicode() - u'A' + 10 : -1;
+        const int digit = c.isDigit()                        ? c.unicode() - u'0'
+                          : c.isUpper() && c.unicode() < 128 ? c.unicode() - u'A' + 10
+                                                             : -1;
         if (digit < 0)
             return 0;
         number = number * 36 + digit;
@@ -113,10 +132,11 @@ qint64 Statement::rowsAffected() const
 Database::Database(const QSqlDatabase& connection, StatementPath path)
     : m_connection(connection), m_dialect(SqlDialect::of(connection)), m_path(path)
 {
-    if (!m_connection.isOpen())
+    if (!m_connection.isOpen() && !(m_dialect && m_dialect->connectionLost(m_connection)))
         throw DatabaseError(u"The database is not open"_s, 0);
     if (!m_dialect)
         throw DatabaseError(u"No SQL dialect for the driver "_s + m_connection.driverName(), 0);
+    reopenIfLost();
     backend();
 }
 
@@ -124,6 +144,9 @@ Database::~Database() = default;
 
 SqlBackend& Database::backend()
 {
+    // Another Database on this connection opened a new session: these statements belong to the old one.
+    if (m_backend && !m_backend->inUse() && m_backend->sessionReplaced())
+        m_backend.reset();
     if (!m_backend) {
         m_dialect->prepareConnection(m_connection);
         m_backend = m_path == StatementPath::Native ? m_dialect->nativeBackend(m_connection)
@@ -144,6 +167,11 @@ void Database::reopenIfLost()
     if (m_openTransactions > 0 || !m_dialect->connectionLost(m_connection) ||
         (m_backend && m_backend->inUse()))
         return;
+    // The host's connection is closed only once a new session opens: while the server is away (a
+    // restart, its recovery after a crashed session) the connection stays as it was, lost, so that the
+    // next try comes round again instead of finding it closed.
+    if (const auto error = newSessionFails(m_connection))
+        throw DatabaseError::fromSqlError(*error);
     // The statements belong to the old session; they go before it does.
     m_backend.reset();
     m_connection.close();

@@ -91,7 +91,8 @@ public:
     // statement goes through QSqlQuery, as it will for engines without a native path.
     enum class StatementPath { Native, Portable };
 
-    // `connection` must be open. Throws DatabaseError for an engine without a dialect.
+    // `connection` must be open, or lost (see reopenIfLost), when it is opened again. Throws DatabaseError
+    // for an engine without a dialect or when a lost connection cannot be opened again.
     explicit Database(const QSqlDatabase& connection, StatementPath path = StatementPath::Native);
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;

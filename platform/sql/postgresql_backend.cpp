@@ -79,8 +79,9 @@ public:
         : m_handle(handle), m_sql(numberedPlaceholders(sql).toUtf8())
     {
         prepare();
-        PGresult* described = PQdescribePrepared(m_handle, m_name.constData());
-        m_parameters.resize(PQresultStatus(described) == PGRES_COMMAND_OK ? PQnparams(described) : 0);
+        // The session may be lost between the two: its error, not a statement without parameters.
+        PGresult* described = commandDone(PQdescribePrepared(m_handle, m_name.constData()));
+        m_parameters.resize(PQnparams(described));
         PQclear(described);
     }
     ~PostgresqlStatement() override
@@ -97,6 +98,7 @@ public:
     }
 
     void exec() override { run(true); }
+    void abandon() override { m_name.clear(); }
 
     bool next() override { return m_result && ++m_row < m_rows; }
 
@@ -144,7 +146,10 @@ public:
     }
     // Keys come back through INSERT ... RETURNING; the server has no connection-wide last key.
     qint64 lastInsertId() const override { return 0; }
-    qint64 rowsAffected() const override { return m_result ? QByteArray(PQcmdTuples(m_result)).toLongLong() : 0; }
+    qint64 rowsAffected() const override
+    {
+        return m_result ? QByteArray(PQcmdTuples(m_result)).toLongLong() : 0;
+    }
 
     void reset() override
     {
@@ -184,24 +189,30 @@ private:
     {
         static std::atomic<unsigned> counter{0};
         const QByteArray name = "tolvinpt_" + QByteArray::number(++counter);
-        PGresult* prepared = PQprepare(m_handle, name.constData(), m_sql.constData(), 0, nullptr);
-        if (PQresultStatus(prepared) != PGRES_COMMAND_OK) {
-            const DatabaseError error = resultError(m_handle, prepared);
-            PQclear(prepared);
-            throw error;
-        }
-        PQclear(prepared);
+        PQclear(commandDone(PQprepare(m_handle, name.constData(), m_sql.constData(), 0, nullptr)));
         m_name = name;
     }
     void deallocate()
     {
+        if (m_name.isEmpty())
+            return;
         // Not in a failed transaction, where the server refuses every command but the end.
         const PGTransactionStatusType state = PQtransactionStatus(m_handle);
-        if (!m_name.isEmpty() && PQstatus(m_handle) == CONNECTION_OK &&
-            (state == PQTRANS_IDLE || state == PQTRANS_INTRANS))
+        if (PQstatus(m_handle) == CONNECTION_OK && (state == PQTRANS_IDLE || state == PQTRANS_INTRANS))
             PQclear(PQexec(m_handle, QByteArray("DEALLOCATE " + m_name).constData()));
         m_name.clear();
     }
+    // `result`, when its command completed; else it goes, and its error is thrown.
+    PGresult* commandDone(PGresult* result) const
+    {
+        if (PQresultStatus(result) != PGRES_COMMAND_OK) {
+            const DatabaseError error = resultError(m_handle, result);
+            PQclear(result);
+            throw error;
+        }
+        return result;
+    }
+
     void clearResult()
     {
         PQclear(m_result);
@@ -240,7 +251,7 @@ bool postgresqlConnectionLost(const QSqlDatabase& connection)
     if (!isLibpqHandle(handle))
         return false;
     PGconn* pg = *static_cast<PGconn* const*>(handle.constData());
-    return !pg || PQstatus(pg) == CONNECTION_BAD;
+    return pg && PQstatus(pg) == CONNECTION_BAD;
 }
 
 QString numberedPlaceholders(const QString& sql)
@@ -272,7 +283,8 @@ QString numberedPlaceholders(const QString& sql)
 
 std::unique_ptr<SqlBackend> makePostgresqlBackend(const QSqlDatabase& connection)
 {
-    return std::make_unique<HandleBackend<PGconn, PostgresqlStatement>>(connection, postgresqlHandle(connection));
+    return std::make_unique<HandleBackend<PGconn, PostgresqlStatement>>(connection,
+                                                                        postgresqlHandle(connection));
 }
 
 } // namespace tolvinpt::db

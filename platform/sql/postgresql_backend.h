@@ -13,7 +13,8 @@ class DatabaseError;
 // The libpq handle of an open QPSQL connection. Throws DatabaseError for any other connection.
 pg_conn* postgresqlHandle(const QSqlDatabase& connection);
 
-// True once the server end of the connection is gone (a restart, a dropped network link).
+// True once the server end of an opened connection is gone (a restart, a dropped network link); a
+// connection its owner closed is not lost.
 bool postgresqlConnectionLost(const QSqlDatabase& connection);
 
 // The '?' placeholders of `sql` as $1, $2, ... (quoted text, quoted names and comments left alone).

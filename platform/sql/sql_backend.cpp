@@ -143,6 +143,22 @@ void SqlBackend::clear()
     m_cache.clear();
 }
 
+void SqlBackend::abandon()
+{
+    for (auto& statement : m_fresh)
+        statement->abandon();
+    for (auto& [sql, cached] : m_cache)
+        cached.statement->abandon();
+}
+
+const void* nativeHandle(const QSqlDatabase& connection)
+{
+    const QVariant handle = connection.driver() ? connection.driver()->handle() : QVariant();
+    if (!handle.isValid() || !QByteArrayView(handle.typeName()).endsWith('*'))
+        return nullptr;
+    return *static_cast<const void* const*>(handle.constData());
+}
+
 std::unique_ptr<SqlBackend> makeQtSqlBackend(const QSqlDatabase& connection)
 {
     return std::make_unique<QtSqlBackend>(connection);

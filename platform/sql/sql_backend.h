@@ -26,6 +26,9 @@ public:
     virtual qint64 rowsAffected() const = 0;
     // Ends the run and forgets the bindings, so the statement holds no lock and can be reused.
     virtual void reset() = 0;
+    // Another user of the connection opened a new session under the statement: the old handle is gone,
+    // so the statement must not touch it again, not even to free itself on the engine.
+    virtual void abandon() {}
 };
 
 // Keeps one prepared statement per SQL text; a text already in use (a nested run) gets a fresh one.
@@ -37,11 +40,15 @@ public:
     void release(SqlStatement* statement);
     // A statement is acquired and not yet released.
     bool inUse() const;
+    // The connection now has another session than the one the statements were prepared on.
+    virtual bool sessionReplaced() const { return false; }
 
 protected:
     virtual std::unique_ptr<SqlStatement> create(const QString& sql) = 0;
     // Drops every cached statement; backends call it in their destructors.
     void clear();
+    // Tells every statement that its session is gone (see SqlStatement::abandon).
+    void abandon();
 
 private:
     struct Cached
@@ -53,13 +60,22 @@ private:
     std::vector<std::unique_ptr<SqlStatement>> m_fresh;
 };
 
+// The engine's own handle of a Qt connection (sqlite3*, PGconn*), or nullptr.
+const void* nativeHandle(const QSqlDatabase& connection);
+
 // Statements on an engine's own handle, taken from the Qt connection that owns it.
 template <typename Handle, typename EngineStatement>
 class HandleBackend final : public SqlBackend
 {
 public:
     HandleBackend(const QSqlDatabase& connection, Handle* handle) : m_connection(connection), m_handle(handle) {}
-    ~HandleBackend() override { clear(); }
+    ~HandleBackend() override
+    {
+        if (sessionReplaced())
+            abandon();
+        clear();
+    }
+    bool sessionReplaced() const override { return nativeHandle(m_connection) != m_handle; }
 
 protected:
     std::unique_ptr<SqlStatement> create(const QString& sql) override

@@ -86,7 +86,8 @@ public:
     virtual void prepareConnection(const QSqlDatabase& connection) const = 0;
     // The fastest statement path the engine has.
     virtual std::unique_ptr<SqlBackend> nativeBackend(const QSqlDatabase& connection) const = 0;
-    // True when the connection is broken for good and must be opened again (a server restarted).
+    // True when the opened connection is broken for good and must be opened again (a server restarted);
+    // never for one its owner closed.
     virtual bool connectionLost(const QSqlDatabase& connection) const = 0;
 };
 

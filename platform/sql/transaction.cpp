@@ -9,7 +9,7 @@ namespace tolvinpt::db {
 Transaction::Transaction(Database& database, Kind kind) : m_database(database)
 {
     const QStringList begin = m_database.dialect().beginTransaction(kind);
-    m_database.execute(begin.first());
+    m_database.execute(begin.first()); // the last statement that may open a lost connection again
     setOpen(true);
     try {
         for (qsizetype i = 1; i < begin.size(); ++i)
@@ -33,14 +33,16 @@ void Transaction::setOpen(bool open)
     m_open = open;
 }
 
+// The transaction counts as open until its ROLLBACK has run, so that a lost session is not opened again
+// for it.
 void Transaction::rollbackQuietly() noexcept
 {
-    setOpen(false);
     try {
         m_database.execute(u"ROLLBACK"_s);
     } catch (const DatabaseError&) {
         // The engine may have rolled back on its own already (a full disk, RAISE(ROLLBACK)).
     }
+    setOpen(false);
 }
 
 void Transaction::commit()
@@ -51,8 +53,13 @@ void Transaction::commit()
 
 void Transaction::rollback()
 {
+    try {
+        m_database.execute(u"ROLLBACK"_s);
+    } catch (const DatabaseError&) {
+        setOpen(false);
+        throw;
+    }
     setOpen(false);
-    m_database.execute(u"ROLLBACK"_s);
 }
 
 } // namespace tolvinpt::db

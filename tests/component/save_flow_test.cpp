@@ -116,6 +116,48 @@ TEST_F(SaveFlow, NewDataEndsWithASaveOrACancel)
     EXPECT_EQ(stored(lastId(), C::F00159), u"NEW-2"_s);
 }
 
+// The server ends the host's session under the open form and between two calls: the statement that
+// meets it fails, the next one runs on a new session.
+TEST_F(SaveFlow, ASessionTheServerDroppedIsOpenedAgainByTheNextStatement)
+{
+    if (temp.engine() != test::Engine::PostgreSQL)
+        GTEST_SKIP() << "a session of the server";
+    // The fixture's statements would keep the session the component replaces: none until it is back.
+    temp.close();
+    temp.reopen();
+    const auto dropSession = [this] {
+        // Waits until the session is gone: the server ends it some time after the call otherwise.
+        test::SecondConnection(temp, {u"SELECT pg_terminate_backend(pid, 10000) FROM pg_stat_activity "
+                                      "WHERE datname = current_database() AND pid <> pg_backend_pid()"_s});
+    };
+    Items items{ListKey(ids[0])};
+    whileShown([&](frmData& form) {
+        dropSession();
+        form.control<QLineEdit>(u"txtMyRemarksA"_s)->setText(u"TYPED-1"_s);
+        form.menuItem(u"mnuDataSave"_s)->trigger(); // its checks cannot read: it ends quietly
+        EXPECT_TRUE(form.bChanged);
+        form.menuItem(u"mnuDataSave"_s)->trigger();
+        EXPECT_FALSE(form.bChanged) << "stored on a new session";
+    });
+    fmInput().InputData(items);
+    temp.close(); // the fixture's statements belong to the first session
+    temp.reopen();
+    EXPECT_EQ(stored(ids[0], C::F00164), u"TYPED-1"_s);
+
+    dropSession(); // the next call meets it, and reports it to the host
+    EXPECT_THROW(fmInput().InputData(items), Error);
+    whileShown([&](frmData& form) {
+        form.control<QLineEdit>(u"txtMyRemarksA"_s)->setText(u"TYPED-2"_s);
+        form.menuItem(u"mnuDataSave"_s)->trigger();
+        EXPECT_FALSE(form.bChanged);
+    });
+    fmInput().InputData(items);
+    EXPECT_TRUE(messages.shown.isEmpty());
+    temp.close();
+    temp.reopen();
+    EXPECT_EQ(stored(ids[0], C::F00164), u"TYPED-2"_s);
+}
+
 TEST_F(SaveFlow, ACustomerCodeTheHostDoesNotKnowFailsTheCall)
 {
     Items items{ListKey(insert(u"K-9"_s, u"7777"_s))};
