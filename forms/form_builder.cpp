@@ -3,6 +3,7 @@
 #include "forms/input_mode.h"
 #include "forms/list_width_combo.h"
 #include "platform/widgets/field_state.h"
+#include "platform/widgets/shared_drawing.h"
 #include "platform/widgets/twips.h"
 
 #include <QCheckBox>
@@ -13,6 +14,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSet>
+#include <QStyleOptionButton>
 #include <QTabBar>
 #include <QWheelEvent>
 
@@ -76,7 +78,7 @@ QWidget* create(const ControlSpec& row, QWidget* parent)
     case ControlKind::OptionButton:
         return new QRadioButton(caption, parent);
     case ControlKind::Button: {
-        auto* button = new QPushButton(caption, parent);
+        auto* button = new SharedPaletteWidget<QPushButton, QStyleOptionButton>(caption, parent);
         button->setAutoDefault(false);
         button->setDefault(false);
         return button;

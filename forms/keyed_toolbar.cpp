@@ -1,8 +1,8 @@
 #include "forms/keyed_toolbar.h"
 
 #include "platform/widgets/guarded.h"
+#include "platform/widgets/shared_drawing.h"
 
-#include <QIcon>
 #include <QToolButton>
 
 namespace tolvinpt {
@@ -24,7 +24,7 @@ KeyedToolBar::KeyedToolBar(const QString& name, std::span<const ToolButtonSpec> 
             continue;
         }
         const QString key = row.key.toString();
-        QAction* action = addAction(QIcon(u":/tolvinpt/icons/"_s + row.image.toString()), key);
+        QAction* action = addAction(sharedIcon(u":/tolvinpt/icons/"_s + row.image.toString()), key);
         action->setToolTip(row.tooltip.toString());
         action->setData(key);
         auto* tool = static_cast<QToolButton*>(widgetForAction(action));

@@ -4,7 +4,7 @@
 
 namespace tolvinpt {
 
-ListWidthComboBox::ListWidthComboBox(QWidget* parent) : QComboBox(parent)
+ListWidthComboBox::ListWidthComboBox(QWidget* parent) : SharedPaletteWidget(parent)
 {
     view()->setTextElideMode(Qt::ElideNone);
 }
