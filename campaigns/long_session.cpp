@@ -1,5 +1,6 @@
 // A long working session in one host process: entry calls of open, edit, save and close, one after the
-// other, through the public API and the real form, as an operator makes them all day.
+// other, through the public API and the real form, as an operator makes them all day. Each call also
+// opens the package editor and the split dialog and backs out of them.
 //   tolvinpt-long-session [CALLS [WARM_UP]]   (offscreen; default 1000 calls after 100 warm-up calls)
 // Reports the memory growth after the warm-up, resident and heap in use, and fails when widgets or
 // database connections are left behind by a call, when a save did not arrive, when the heap in use grows
@@ -66,7 +67,14 @@ int main(int argc, char** argv)
     int failures = 0;
     for (int call = 0; call < warmUp + calls; ++call) {
         const QString remark = QStringLiteral("CALL%1").arg(call);
-        robot.when(campaign::EntryFormTitle, [&remark](QWidget& form) {
+        robot.when(campaign::EntryFormTitle, [&remark, &robot](QWidget& form) {
+            campaign::OperatorRobot::press(form, QStringLiteral("optQuantity(3)"));
+            robot.when(campaign::PackageEditorTitle,
+                       [](QWidget& editor) { campaign::OperatorRobot::press(editor, QStringLiteral("戻る")); });
+            campaign::OperatorRobot::press(form, QStringLiteral("cmdQuantity"));
+            robot.when(campaign::SplitDialogTitle,
+                       [](QWidget& split) { campaign::OperatorRobot::press(split, QStringLiteral("cmdAny(1)")); });
+            campaign::OperatorRobot::run(form, QStringLiteral("mnuDataDivide"));
             campaign::OperatorRobot::type(form, QStringLiteral("txtMyRemarksA"), remark);
             campaign::OperatorRobot::run(form, QStringLiteral("mnuDataSave"));
             campaign::OperatorRobot::run(form, QStringLiteral("mnuDataExit"));

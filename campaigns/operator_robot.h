@@ -17,6 +17,7 @@ namespace tolvinpt::campaign {
 
 inline const QString EntryFormTitle = QStringLiteral("納品ﾃﾞｰﾀの入力");
 inline const QString SplitDialogTitle = QStringLiteral("納品ﾃﾞｰﾀの分割");
+inline const QString PackageEditorTitle = QStringLiteral("個別 入数情報");
 
 class OperatorRobot
 {
