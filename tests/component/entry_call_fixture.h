@@ -13,6 +13,7 @@
 #include "tests/support/fake_host.h"
 #include "tests/support/scripted_messages.h"
 #include "tests/support/temp_database.h"
+#include "tests/support/thrown.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -68,6 +69,17 @@ protected:
             inside(*form);
             form->close();
         });
+    }
+    // InputData on `items`, and NewData with its result: `inside` runs on the form once it is shown.
+    void inputData(Items& items, const std::function<void(frmData&)>& inside)
+    {
+        whileShown(inside);
+        fmInput().InputData(items);
+    }
+    bool newData(const std::function<void(frmData&)>& inside)
+    {
+        whileShown(inside);
+        return fmInput().NewData();
     }
 
     static QString buttons(const frmData& form)
