@@ -91,19 +91,8 @@ QSqlDatabase TempDatabase::addConnection(const QString& name, const QString& add
         connection.setDatabaseName(address);
         return connection;
     }
-    PgServer server;
     QString database;
-    for (const QString& part : address.mid(ServerMark.size()).split(u' ')) {
-        const QString value = part.section(u'=', 1);
-        if (part.startsWith(u"host="_s))
-            server.host = value;
-        else if (part.startsWith(u"port="_s))
-            server.port = value.toInt();
-        else if (part.startsWith(u"user="_s))
-            server.user = value;
-        else if (part.startsWith(u"dbname="_s))
-            database = value;
-    }
+    const PgServer server = PgServer::fromSettings(address.mid(ServerMark.size()).split(u' '), &database);
     return server.addConnection(name, database);
 }
 
