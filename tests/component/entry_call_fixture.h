@@ -94,12 +94,6 @@ protected:
         return form.control<QLineEdit>(u"txtPaymentKeyNo"_s)->text();
     }
 
-    // The one message since the last check: a failed movement, "description (number)" on the form's caption.
-    void expectMovementMessage(QStringView text)
-    {
-        messages.expectShown({test::okMessage(text, u"納品ﾃﾞｰﾀの入力")});
-    }
-
     test::TempDatabase temp;
     test::FakeHostData host;
     test::ScriptedMessages messages;
