@@ -13,6 +13,7 @@
 #include "tests/support/fake_host.h"
 #include "tests/support/scripted_messages.h"
 #include "tests/support/temp_database.h"
+#include "tests/support/thrown.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -69,6 +70,17 @@ protected:
             form->close();
         });
     }
+    // InputData on `items`, and NewData with its result: `inside` runs on the form once it is shown.
+    void inputData(Items& items, const std::function<void(frmData&)>& inside)
+    {
+        whileShown(inside);
+        fmInput().InputData(items);
+    }
+    bool newData(const std::function<void(frmData&)>& inside)
+    {
+        whileShown(inside);
+        return fmInput().NewData();
+    }
 
     static QString buttons(const frmData& form)
     {
@@ -80,12 +92,6 @@ protected:
     static QString shownKey(const frmData& form)
     {
         return form.control<QLineEdit>(u"txtPaymentKeyNo"_s)->text();
-    }
-
-    // The one message since the last check: a failed movement, "description (number)" on the form's caption.
-    void expectMovementMessage(QStringView text)
-    {
-        messages.expectShown({test::okMessage(text, u"納品ﾃﾞｰﾀの入力")});
     }
 
     test::TempDatabase temp;

@@ -66,7 +66,7 @@ TEST_F(SplitFlow, TheRecordKeepsTheRestAndTheNewOneJoinsTheList)
 {
     Items items{ListKey(ids[0])};
     qint64 added = 0;
-    whileShown([&](frmData& form) {
+    inputData(items, [&](frmData& form) {
         split(form, answer(u"K-1b"_s, u"6"_s));
         messages.expectShown({});
         added = temp.db().scalar(u"SELECT MAX(IDData) FROM T_Delivery"_s)->toLongLong();
@@ -80,8 +80,6 @@ TEST_F(SplitFlow, TheRecordKeepsTheRestAndTheNewOneJoinsTheList)
         EXPECT_EQ(shownKey(form), u"K-1b"_s);
         EXPECT_EQ(text(form, u"txtAmountDelivery"_s), u"6"_s);
     });
-    fmInput input;
-    input.InputData(items);
     ASSERT_EQ(items.Count(), 2);
     EXPECT_EQ(items.Item(2).toString(), ListKey(added));
     EXPECT_EQ(stored(ids[0]).currency(C::F00036), Currency::fromInteger(4));
@@ -108,7 +106,7 @@ TEST_F(SplitFlow, NothingToSplitIsRefusedBeforeTheQuestionAndTheDialog)
         temp.db().execute(u"UPDATE T_Delivery SET F00036 = "_s + QString::fromLatin1(c.quantity));
         Items items{ListKey(ids[0])};
         bool dialog = false;
-        whileShown([&](frmData& form) {
+        inputData(items, [&](frmData& form) {
             if (c.changed)
                 form.control<QLineEdit>(u"txtMyRemarksA"_s)->setText(u"TYPED"_s);
             messages.answers = {QMessageBox::Cancel};
@@ -117,8 +115,6 @@ TEST_F(SplitFlow, NothingToSplitIsRefusedBeforeTheQuestionAndTheDialog)
             EXPECT_EQ(std::exchange(messages.beeps, 0), std::string(c.quantity) == "0.001" ? 1 : 0);
             form.lngResult = 2; // closes without asking
         });
-        fmInput input;
-        input.InputData(items);
         EXPECT_EQ(dialog, c.dialog);
         EXPECT_EQ(records(), 3);
     }
@@ -153,7 +149,7 @@ TEST_F(SplitFlow, ASplitRefusedOrFailedHalfwayStoresNothingAndTheNextSaveIsStore
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         Items items{ListKey(ids[0])};
-        whileShown([&](frmData& form) {
+        inputData(items, [&](frmData& form) {
             if (c.before)
                 c.before(form);
             split(form, answer(QString::fromUtf16(c.newKey), u"6"_s));
@@ -164,8 +160,6 @@ TEST_F(SplitFlow, ASplitRefusedOrFailedHalfwayStoresNothingAndTheNextSaveIsStore
             QTest::keyClick(&form, Qt::Key_S, Qt::ControlModifier);
             messages.expectShown({});
         });
-        fmInput input;
-        input.InputData(items);
         EXPECT_EQ(records(), 3);
         EXPECT_EQ(stored(ids[0]).text(C::F00164), u"SAVED"_s);
         EXPECT_EQ(stored(ids[0]).text(C::F00159), u"K-1"_s);

@@ -179,12 +179,10 @@ TEST_F(Commands, RunTimeErrorsAreReportedOrTrappedAsEachCommandSays)
 TEST_F(Commands, OrderSearchPrefillsANewDeliveryOfTheOrder)
 {
     // The Like pattern's own rules are tested with the store; here what the form adds.
-    insert({{C::F00007, u"A-100"_s},
-            {C::F00159, u"K2"_s},
-            {C::F00013, u"250"_s},
-            {C::F00022, u"BOLT"_s},
-            {C::F00028, u"PC"_s},
-            {C::F00031, QVariant()}});
+    // clang-format off
+    insert({{C::F00007, u"A-100"_s}, {C::F00159, u"K2"_s}, {C::F00013, u"250"_s}, {C::F00022, u"BOLT"_s},
+            {C::F00028, u"PC"_s}, {C::F00031, QVariant()}});
+    // clang-format on
     insert({{C::F00007, u"A-200"_s}, {C::F00159, u"K1"_s}});
     insert({{C::F00007, u"X-1"_s}, {C::F00159, u"K3"_s}, {C::IDCustomer, 2}});
     // typed, the order number copied (none when nothing is found)

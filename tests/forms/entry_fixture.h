@@ -58,11 +58,6 @@ private:
 class EntryFormTest : public FormTest
 {
 protected:
-    // On the default engine; on PostgreSQL, on `server` instead of the run's.
-    explicit EntryFormTest(const PgServer* server = nullptr)
-        : temp(TempDatabase::Schema::Delivery, {}, server)
-    {
-    }
     void SetUp() override
     {
         FormTest::SetUp();

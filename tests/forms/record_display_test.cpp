@@ -1,14 +1,9 @@
 // Record display: stored records, Null and unreadable columns, through the widgets the operator sees.
-#include "form_fixture.h"
+#include "entry_fixture.h"
 
-#include "forms/frmData/record_display.h"
 #include "forms/keyed_toolbar.h"
 #include "platform/widgets/field_state.h"
-#include "store/delivery_writes.h"
 #include "store/package_quantities.h"
-#include "tests/support/temp_database.h"
-
-#include <tolvinpt/host.h>
 
 using namespace tolvinpt;
 using namespace Qt::StringLiterals;
@@ -16,25 +11,12 @@ using C = tolvinpt::DeliveryColumn;
 
 namespace {
 
-using Columns = std::vector<std::pair<DeliveryColumn, QVariant>>;
+using test::Columns;
 
-class Display : public test::FormTest
+class Display : public test::EntryFormTest
 {
 protected:
-    void SetUp() override
-    {
-        FormTest::SetUp();
-        host.connectionName = temp.connectionName();
-        for (long id : {1, 2}) {
-            test::FakeCustomerData& c = host.customers.emplace_back();
-            c.id = id;
-            c.code = QString::number(id * 1111);
-            c.name = u"得意先"_s + c.code;
-        }
-        host.customers[1].noQuantityBreakdown = true;
-    }
-
-    // Stores a record of customer 1 with `columns`.
+    // Stores a record of customer 1 with `columns` and nothing else.
     qint64 insert(const Columns& columns)
     {
         DeliveryRecord record;
@@ -57,7 +39,6 @@ protected:
         ShowDeliveryRecord(*form, temp.db(), *customers, id);
     }
 
-    test::TempDatabase temp;
     std::shared_ptr<CustomerList> customers;
 };
 
@@ -113,7 +94,7 @@ TEST_F(Display, EveryFieldShowsItsOwnColumnAndAMissingColumnBlanksOnlyItsField)
     // fails. The pairs are written out here, independently of the display's own table.
     // clang-format off
     const struct { const char* field; const char* column; QVariant stored; QString shown; } rows[] = {
-        {"txtCustomCode", "F00004", u"2222"_s, u"2222"_s},        {"cobCustomer", nullptr, {}, u"得意先2222:2222"_s},
+        {"txtCustomCode", "F00004", u"5678"_s, u"5678"_s},        {"cobCustomer", nullptr, {}, u"得意先5678:5678"_s},
         {"txtMyCode", "F00005", u"MY-05"_s, u"MY-05"_s},          {"txtOrderNo", "F00007", u"ORD-07"_s, u"ORD-07"_s},
         {"txtPaymentKeyNo", "F00159", u"KEY-159"_s, u"KEY-159"_s}, {"txtTantoA", "F00018", u"TA-18"_s, u"TA-18"_s},
         {"txtTantoK", "F00260", u"担当260"_s, u"担当260"_s},      {"txtPlaceC", "F00028", u"PC-28"_s, u"PC-28"_s},
@@ -199,6 +180,7 @@ TEST_F(Display, PackageFrameAndViewOnlyFollowTheSettingsAndTheBuyer)
         {"view only", true, 1, false, true, true},
     };
     // clang-format on
+    host.customers[1].noQuantityBreakdown = true;
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         host.useQuantityBreakdown = c.useBreakdown;

@@ -82,15 +82,13 @@ TEST_F(HostObjectsTest, LookupsByKeyTextAndByCode)
     }
     EXPECT_TRUE(customers->ByKey(u"6"_s)->Deleted());
     // By code: the customer's code or a full code with one of its sub-codes.
-    for (const auto& [code, expected] : {Lookup{u"7788", 3},
-                                         {u"0012345678901", 2},
-                                         {u"0012345678901C3", 2},
-                                         {u"2468013520", 7},
-                                         {u"0012345678901Z9", 0},
-                                         {u"778", 0}}) {
+    // clang-format off
+    for (const auto& [code, expected] : {Lookup{u"7788", 3}, {u"0012345678901", 2}, {u"0012345678901C3", 2},
+                                         {u"2468013520", 7}, {u"0012345678901Z9", 0}, {u"778", 0}}) {
         const auto found = customers->ByCode(QString::fromUtf16(code));
         EXPECT_EQ(found ? found->CustomerID() : 0, expected) << QString::fromUtf16(code).toStdString();
     }
+    // clang-format on
 }
 
 TEST_F(HostObjectsTest, EveryNewListSeesTheTablesAsTheyAreNow)

@@ -2,6 +2,7 @@
 #include "platform/sql/jet_like.h"
 #include "platform/sql/sql_dialect.h"
 #include "tests/support/temp_database.h"
+#include "tests/support/thrown.h"
 
 #include <gtest/gtest.h>
 
@@ -18,44 +19,19 @@ enum Outcome { No, Yes, Invalid };
 // Only ASCII letters fold; ? is one character, even two UTF-16 units; # one ASCII digit.
 TEST(LikePattern, MatchesTheTable)
 {
-    const std::tuple<const char16_t*, const char16_t*, Outcome> cases[] = {{u"ABC", u"abc", Yes},
-                                                                           {u"abc", u"abc ", No},
-                                                                           {u"", u"", Yes},
-                                                                           {u"", u"a", No},
-                                                                           {u"ｱｲｳ", u"ｱｲｳ", Yes},
-                                                                           {u"Ａ", u"ａ", No},
-                                                                           {u"A*", u"A-1234", Yes},
-                                                                           {u"A*", u"BA", No},
-                                                                           {u"*", u"", Yes},
-                                                                           {u"a**b", u"ab", Yes},
-                                                                           {u"a*b*c", u"axxbyyc", Yes},
-                                                                           {u"a*b*c", u"axxbyy", No},
-                                                                           {u"*ab", u"aab", Yes},
-                                                                           {u"?", u"", No},
-                                                                           {u"a?c", u"a c", Yes},
-                                                                           {u"?", u"😀", Yes},
-                                                                           {u"A##", u"a12", Yes},
-                                                                           {u"#", u"a", No},
-                                                                           {u"#", u"７", No},
-                                                                           {u"[abc]", u"B", Yes},
-                                                                           {u"[abc]", u"d", No},
-                                                                           {u"[a-c]x", u"Bx", Yes},
-                                                                           {u"[A-C]", u"b", Yes},
-                                                                           {u"[!a-c]", u"d", Yes},
-                                                                           {u"[!a-c]", u"B", No},
-                                                                           {u"[-a]", u"-", Yes},
-                                                                           {u"[a-]", u"-", Yes},
-                                                                           {u"[*]", u"*", Yes},
-                                                                           {u"[*]", u"a", No},
-                                                                           {u"[?]x", u"?x", Yes},
-                                                                           {u"[#]", u"#", Yes},
-                                                                           {u"[[]", u"[", Yes},
-                                                                           {u"a]", u"a]", Yes},
-                                                                           {u"a[]b", u"ab", Yes},
-                                                                           {u"[!]", u"x", Yes},
-                                                                           {u"[abc", u"a", Invalid},
-                                                                           {u"[z-a]", u"b", Invalid},
-                                                                           {u"a[", u"a", Invalid}};
+    // clang-format off
+    const std::tuple<const char16_t*, const char16_t*, Outcome> cases[] = {
+        {u"ABC", u"abc", Yes}, {u"abc", u"abc ", No}, {u"", u"", Yes}, {u"", u"a", No},
+        {u"ｱｲｳ", u"ｱｲｳ", Yes}, {u"Ａ", u"ａ", No}, {u"A*", u"A-1234", Yes}, {u"A*", u"BA", No},
+        {u"*", u"", Yes}, {u"a**b", u"ab", Yes}, {u"a*b*c", u"axxbyyc", Yes}, {u"a*b*c", u"axxbyy", No},
+        {u"*ab", u"aab", Yes}, {u"?", u"", No}, {u"a?c", u"a c", Yes}, {u"?", u"😀", Yes},
+        {u"A##", u"a12", Yes}, {u"#", u"a", No}, {u"#", u"７", No}, {u"[abc]", u"B", Yes},
+        {u"[abc]", u"d", No}, {u"[a-c]x", u"Bx", Yes}, {u"[A-C]", u"b", Yes}, {u"[!a-c]", u"d", Yes},
+        {u"[!a-c]", u"B", No}, {u"[-a]", u"-", Yes}, {u"[a-]", u"-", Yes}, {u"[*]", u"*", Yes},
+        {u"[*]", u"a", No}, {u"[?]x", u"?x", Yes}, {u"[#]", u"#", Yes}, {u"[[]", u"[", Yes},
+        {u"a]", u"a]", Yes}, {u"a[]b", u"ab", Yes}, {u"[!]", u"x", Yes}, {u"[abc", u"a", Invalid},
+        {u"[z-a]", u"b", Invalid}, {u"a[", u"a", Invalid}};
+    // clang-format on
     for (const auto& [pattern, text, expected] : cases) {
         const std::optional<bool> result = likeMatches(QString::fromUtf16(pattern), QString::fromUtf16(text));
         EXPECT_EQ(result, expected == Invalid ? std::nullopt : std::optional(expected == Yes))
@@ -107,12 +83,9 @@ TEST_P(OnDatabase, LikeAndEqualityIgnoreAsciiCaseOnly)
             EXPECT_EQ(select((dialect.*condition)(column), value), ids) << value.toStdString();
     }
     // An invalid pattern fails the statement, or before it.
-    try {
-        select(dialect.matchesLike(u"v"_s), u"[a"_s);
-        ADD_FAILURE() << "no error";
-    } catch (const DatabaseError& e) {
-        EXPECT_TRUE(e.description().contains(u"Like"_s)) << e.description().toStdString();
-    }
+    const QString error =
+        test::thrown<DatabaseError>([&] { select(dialect.matchesLike(u"v"_s), u"[a"_s); }).description;
+    EXPECT_TRUE(error.contains(u"Like"_s)) << error.toStdString();
     // The function comes back with the connection.
     temp.close();
     temp.reopen();

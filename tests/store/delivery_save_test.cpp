@@ -6,11 +6,11 @@
 #include "store/delivery_save.h"
 #include "store/delivery_writes.h"
 #include "tests/support/temp_database.h"
+#include "tests/support/thrown.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QProcess>
-#include <QSqlError>
 #include <QTemporaryDir>
 #include <QThread>
 
@@ -22,40 +22,8 @@
 using namespace Qt::StringLiterals;
 using namespace tolvinpt;
 using C = tolvinpt::DeliveryColumn;
-using Path = tolvinpt::db::Database::StatementPath;
 
 namespace {
-
-// A connection of its own to a database (see TempDatabase::address), as another operator's program holds
-// one; `user` logs in as another role on the server.
-class Peer
-{
-public:
-    explicit Peer(const QString& address, const QString& options = {}, Path path = Path::Native,
-                  const QString& user = {})
-        : m_name(u"peer-"_s + QString::number(++s_count))
-    {
-        QSqlDatabase connection = test::TempDatabase::addConnection(m_name, address);
-        connection.setConnectOptions(options);
-        if (!user.isEmpty())
-            connection.setUserName(user);
-        if (!connection.open())
-            throw std::runtime_error(connection.lastError().text().toStdString());
-        m_database = std::make_unique<db::Database>(connection, path);
-    }
-    ~Peer()
-    {
-        m_database.reset();
-        QSqlDatabase::database(m_name, false).close();
-        QSqlDatabase::removeDatabase(m_name);
-    }
-    db::Database& db() { return *m_database; }
-
-private:
-    static inline int s_count = 0;
-    QString m_name;
-    std::unique_ptr<db::Database> m_database;
-};
 
 QString valueOf(const DeliveryColumnInfo& info)
 {
@@ -71,19 +39,13 @@ DeliverySave newRecord(qint64 customer, const QString& order, const QString& key
         if (info.writer == Writer::DetailSave && info.type == ColumnType::Text)
             detail.set(info.column, valueOf(info));
     }
-    const std::pair<C, QVariant> values[] = {{C::IDCustomer, customer},
-                                             {C::F00007, order},
-                                             {C::F00159, key},
-                                             {C::F00029, QString()},
-                                             {C::F00031, QDate(2005, 3, 10)},
-                                             {C::F00039, QDate()},
-                                             {C::F00040, QDate(9999, 12, 31)},
-                                             {C::F00015, u"999999999.999"_s},
-                                             {C::F00032, 0.001},
-                                             {C::F00036, u"-12.5"_s},
-                                             {C::F00057, 2},
-                                             {C::F00013, u"0"_s},
-                                             {C::F00282, u"99999999999.99999"_s}};
+    // clang-format off
+    const std::pair<C, QVariant> values[] = {
+        {C::IDCustomer, customer}, {C::F00007, order}, {C::F00159, key}, {C::F00029, QString()},
+        {C::F00031, QDate(2005, 3, 10)}, {C::F00039, QDate()}, {C::F00040, QDate(9999, 12, 31)},
+        {C::F00015, u"999999999.999"_s}, {C::F00032, 0.001}, {C::F00036, u"-12.5"_s}, {C::F00057, 2},
+        {C::F00013, u"0"_s}, {C::F00282, u"99999999999.99999"_s}};
+    // clang-format on
     for (const auto& [column, value] : values)
         detail.set(column, value);
     DeliverySave save;
@@ -199,17 +161,13 @@ TEST_P(Save, PackageRowsAreRewrittenPerModeAndPrintDatesCleared)
         QString quantity;
         bool deliveryPrinted, labelPrinted;
     } cases[] = {
+        // clang-format off
         {true, std::nullopt, currencies({3, 4}), 3, u"12.5"_s, false, true},
         {false, individual({10, 0, 5}), currencies({10}), 3, u"12.5"_s, true, false},
         {true, individual({1, 2, 3}, u"0.0001"_s), currencies({1, 2, 3}), 3, u"0.0001"_s, false, false},
-        {false,
-         P{PackageMode::Equal, u"922337203685477.5807"_s, {}},
-         {},
-         2,
-         u"922337203685477.5807"_s,
-         true,
-         false},
+        {false, P{PackageMode::Equal, u"922337203685477.5807"_s, {}}, {}, 2, u"922337203685477.5807"_s, true, false},
         {false, P{PackageMode::Single, u"7"_s, {Currency::fromInteger(9)}}, {}, 1, u"7"_s, true, false},
+        // clang-format on
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.quantity.toStdString());
@@ -295,7 +253,7 @@ TEST_P(Save, ARowChangedOrDeletedMeanwhileIsNotOverwritten)
     for (const auto& [sql, outcome] : cases) {
         SCOPED_TRACE(sql.toStdString());
         DeliverySave save = stored(7, u"ORD"_s, u"KEY"_s);
-        Peer(temp.address()).db().execute(sql);
+        test::SecondConnection(temp, {sql});
         const auto before = readDeliveryRecord(db(), save.id);
         const auto beforePackages = readPackageRows(db(), save.id);
         save.detail->set(C::F00022, u"ours"_s);
@@ -350,7 +308,7 @@ TEST_P(Save, AFailedSaveLeavesTheDatabaseAsItWas)
         save.detail->set(C::F00022, u"ours"_s);
         save.packages = individual({9});
         const QString user = c.readOnly && !sqlite ? temp.readOnlyUser() : QString();
-        Peer saving(temp.address(), c.options, GetParam().path, user);
+        test::SecondConnection saving(temp.address(), c.options, user, GetParam().path);
         if (c.readOnly) {
             EXPECT_EQ(readDeliveryRecord(saving.db(), save.id)->text(C::F00022), u"F00022値"_s);
         }
@@ -358,12 +316,9 @@ TEST_P(Save, AFailedSaveLeavesTheDatabaseAsItWas)
             const auto fault = c.fault();
             for (DeliverySave attempt : {save, newRecord(7, u"NEW"_s, u"NEW"_s)}) {
                 attempt.packages = individual({9});
-                try {
-                    saveDelivery(saving.db(), attempt);
-                    ADD_FAILURE() << "saved";
-                } catch (const db::DatabaseError& e) {
-                    EXPECT_EQ(e.number(), c.number) << e.description().toStdString();
-                }
+                const auto error =
+                    test::thrown<db::DatabaseError>([&] { saveDelivery(saving.db(), attempt); });
+                EXPECT_EQ(error.number, c.number) << error.description.toStdString();
             }
         }
         temp.allowWrites(u"T_DeliveryQTY"_s);
@@ -410,35 +365,13 @@ TEST_P(Save, TheOrderSearchMatchesWhatThePatternMeans)
 // range on a pattern's literal start with the same result as matching every row.
 TEST_P(Save, HostileTextsRoundTripAndTheSearchRangeLosesNoMatch)
 {
-    const QString texts[] = {u"\"'"_s,
-                             u"x'); DELETE FROM T_Delivery; --"_s,
-                             u"[A]"_s,
-                             u"A?1"_s,
-                             u"A#1"_s,
-                             QString(1000, u'ｱ'),
-                             u"\u200Fאב\u200E12"_s,
-                             u"😀絵文字"_s,
-                             QString::fromUtf16(u"A\0B", 3),
-                             u" A "_s,
-                             u"@"_s,
-                             u"@z"_s,
-                             u"AZ"_s,
-                             u"Az{"_s,
-                             u"["_s,
-                             u"`"_s,
-                             u"z"_s,
-                             u"Z~"_s,
-                             u"{"_s,
-                             u"\u007F"_s,
-                             u"é"_s,
-                             u"É"_s,
-                             u"Ａ"_s,
-                             u"ａ"_s,
-                             u"\U0010FFFF"_s,
-                             u"\U0010FFFFa"_s,
-                             u"\uD7FF"_s,
-                             u"\uE000"_s,
-                             u""_s};
+    // clang-format off
+    const QString texts[] = {
+        u"\"'"_s, u"x'); DELETE FROM T_Delivery; --"_s, u"[A]"_s, u"A?1"_s, u"A#1"_s, QString(1000, u'ｱ'),
+        u"\u200Fאב\u200E12"_s, u"😀絵文字"_s, QString::fromUtf16(u"A\0B", 3), u" A "_s, u"@"_s, u"@z"_s,
+        u"AZ"_s, u"Az{"_s, u"["_s, u"`"_s, u"z"_s, u"Z~"_s, u"{"_s, u"\u007F"_s, u"é"_s, u"É"_s, u"Ａ"_s,
+        u"ａ"_s, u"\U0010FFFF"_s, u"\U0010FFFFa"_s, u"\uD7FF"_s, u"\uE000"_s, u""_s};
+    // clang-format on
     std::vector<std::pair<QString, QString>> rows; // order, key
     for (const QString& text : texts) {
         const QString key = u"K"_s + QString::number(rows.size() + 10);
@@ -485,7 +418,7 @@ constexpr int RaceRounds = 60;
 
 QString raceOutcomes(const QString& address)
 {
-    Peer racer(address);
+    test::SecondConnection racer(address);
     QString outcomes;
     for (int round = 0; round < RaceRounds; ++round) {
         DeliverySave save = newRecord(7, u"RACE"_s, QString::number(round));

@@ -38,15 +38,12 @@ protected:
             if (info.type == ColumnType::Text)
                 record.set(info.column, QString(info.name + u"値"_s));
         }
-        const Columns values = {{C::IDCustomer, Buyer},
-                                {C::F00007, u"ORD-1"_s},
-                                {C::F00159, key},
-                                {C::F00036, u"10"_s},
-                                {C::InDustBox, false},
-                                {C::F00031, QDate(2005, 3, 1)},
-                                {C::F00282, u"1.00001"_s},
-                                {C::DateDeliveryPrint, QDateTime(QDate(2005, 3, 10), {})},
-                                {C::DateLabelPrint, QDate(2005, 3, 11)}};
+        // clang-format off
+        const Columns values = {
+            {C::IDCustomer, Buyer}, {C::F00007, u"ORD-1"_s}, {C::F00159, key}, {C::F00036, u"10"_s},
+            {C::InDustBox, false}, {C::F00031, QDate(2005, 3, 1)}, {C::F00282, u"1.00001"_s},
+            {C::DateDeliveryPrint, QDateTime(QDate(2005, 3, 10), {})}, {C::DateLabelPrint, QDate(2005, 3, 11)}};
+        // clang-format on
         for (const Columns& set : {values, columns})
             for (const auto& [column, value] : set)
                 record.set(column, value);

@@ -153,14 +153,12 @@ public:
     {
         if (armed(d, "CreateCompanySettings", Fault::ReturnsNull))
             return nullptr;
-        ++d.companySettingsCreated;
         return std::make_shared<FakeCompany>(d);
     }
     std::shared_ptr<CustomerList> CreateCustomerList() override
     {
         if (armed(d, "CreateCustomerList", Fault::ReturnsNull))
             return nullptr;
-        ++d.customerListsCreated;
         return std::make_shared<FakeCustomers>(d);
     }
 

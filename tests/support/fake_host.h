@@ -40,8 +40,6 @@ struct FakeHostData
     QString ownCode = QStringLiteral("0001");
     bool viewOnly = false;
     QList<FakeCustomerData> customers;
-    int companySettingsCreated = 0;
-    int customerListsCreated = 0;
     // Faults by member name ("NameOf", "At", "ViewOnly", ...); read on every call, so a test can arm one
     // while the form is up.
     QHash<QString, Fault> faults;

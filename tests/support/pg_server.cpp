@@ -21,19 +21,8 @@ PgServer readConf(const QString& path)
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
         throw std::runtime_error("no PostgreSQL test server: " + path.toStdString()
                                  + " is missing (run the tests through ctest, which starts it)");
-    PgServer server;
+    PgServer server = PgServer::fromSettings(QString::fromUtf8(file.readAll()).split(u'\n'));
     server.confFile = path;
-    for (const QByteArray& line : file.readAll().split('\n')) {
-        const qsizetype equals = line.indexOf('=');
-        const QString key = QString::fromUtf8(line.left(equals));
-        const QString value = QString::fromUtf8(line.mid(equals + 1));
-        if (key == u"host"_s)
-            server.host = value;
-        else if (key == u"port"_s)
-            server.port = value.toInt();
-        else if (key == u"user"_s)
-            server.user = value;
-    }
     return server;
 }
 
@@ -51,6 +40,23 @@ void runScript(const char* command, const QString& conf)
 PgServer PgServer::shared()
 {
     return readConf(QString::fromUtf8(TOLVINPT_PG_SERVER_CONF));
+}
+
+PgServer PgServer::fromSettings(const QStringList& settings, QString* database)
+{
+    PgServer server;
+    for (const QString& setting : settings) {
+        const QString key = setting.section(u'=', 0, 0), value = setting.section(u'=', 1);
+        if (key == u"host"_s)
+            server.host = value;
+        else if (key == u"port"_s)
+            server.port = value.toInt();
+        else if (key == u"user"_s)
+            server.user = value;
+        else if (key == u"dbname"_s && database)
+            *database = value;
+    }
+    return server;
 }
 
 QSqlDatabase PgServer::addConnection(const QString& connectionName, const QString& database) const

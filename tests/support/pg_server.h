@@ -17,6 +17,8 @@ struct PgServer
     // The run's server, from the file its fixture wrote. Throws when there is none: a test that needs it
     // fails instead of passing silently.
     static PgServer shared();
+    // From "key=value" settings: host, port, user, and dbname into `database` when asked for.
+    static PgServer fromSettings(const QStringList& settings, QString* database = nullptr);
 
     // A QPSQL connection named `connectionName` to `database`, not opened.
     QSqlDatabase addConnection(const QString& connectionName, const QString& database) const;

@@ -38,13 +38,13 @@ Engine defaultEngine()
     return qEnvironmentVariable("TOLVINPT_TEST_ENGINE") == u"postgresql"_s ? Engine::PostgreSQL : Engine::SQLite;
 }
 
-TempDatabase::TempDatabase(Schema schema, Backend backend, const PgServer* server)
+TempDatabase::TempDatabase(Schema schema, Backend backend)
     : m_name(uniqueConnectionName()), m_backend(backend)
 {
     if (!m_dir.isValid())
         throw std::runtime_error("cannot create a temporary directory");
     if (backend.engine == Engine::PostgreSQL) {
-        m_server = server ? *server : PgServer::shared();
+        m_server = PgServer::shared();
         m_serverDatabase = u"tolvinpt_test_%1_%2"_s.arg(QCoreApplication::applicationPid()).arg(nextNumber());
         m_server.admin(u"CREATE DATABASE "_s + m_serverDatabase);
     }
@@ -91,19 +91,8 @@ QSqlDatabase TempDatabase::addConnection(const QString& name, const QString& add
         connection.setDatabaseName(address);
         return connection;
     }
-    PgServer server;
     QString database;
-    for (const QString& part : address.mid(ServerMark.size()).split(u' ')) {
-        const QString value = part.section(u'=', 1);
-        if (part.startsWith(u"host="_s))
-            server.host = value;
-        else if (part.startsWith(u"port="_s))
-            server.port = value.toInt();
-        else if (part.startsWith(u"user="_s))
-            server.user = value;
-        else if (part.startsWith(u"dbname="_s))
-            database = value;
-    }
+    const PgServer server = PgServer::fromSettings(address.mid(ServerMark.size()).split(u' '), &database);
     return server.addConnection(name, database);
 }
 
@@ -171,16 +160,28 @@ void TempDatabase::reopen()
 }
 
 SecondConnection::SecondConnection(const TempDatabase& database, std::initializer_list<QString> statements)
-    : m_name(uniqueConnectionName())
+    : SecondConnection(database.address())
 {
-    QSqlDatabase connection = TempDatabase::addConnection(m_name, database.address());
-    EXPECT_TRUE(connection.open());
     for (const QString& sql : statements)
         exec(sql);
 }
 
+SecondConnection::SecondConnection(const QString& address, const QString& options, const QString& user,
+                                   db::Database::StatementPath path)
+    : m_name(uniqueConnectionName())
+{
+    QSqlDatabase connection = TempDatabase::addConnection(m_name, address);
+    connection.setConnectOptions(options);
+    if (!user.isEmpty())
+        connection.setUserName(user);
+    if (!connection.open())
+        throw std::runtime_error(connection.lastError().text().toStdString());
+    m_database = std::make_unique<db::Database>(connection, path);
+}
+
 SecondConnection::~SecondConnection()
 {
+    m_database.reset();
     // A server lets go of a closed connection's locks only some time later.
     if (m_inTransaction)
         QSqlQuery(QSqlDatabase::database(m_name, false)).exec(u"ROLLBACK"_s);
@@ -216,11 +217,6 @@ std::string backendName(const testing::TestParamInfo<Backend>& param)
 void PrintTo(const Backend& backend, std::ostream* out)
 {
     *out << backendName(testing::TestParamInfo<Backend>(backend, 0));
-}
-
-std::string statementPathName(const testing::TestParamInfo<db::Database::StatementPath>& param)
-{
-    return param.param == db::Database::StatementPath::Native ? "Native" : "Portable";
 }
 
 } // namespace tolvinpt::test

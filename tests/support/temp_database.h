@@ -26,7 +26,7 @@ struct Backend
 };
 
 // A fresh database of its own: an SQLite file in a temporary directory, or a new database on the test
-// run's PostgreSQL server (see pg_server.h) or on `server`. Open under a connection name of its own, with the
+// run's PostgreSQL server (see pg_server.h). Open under a connection name of its own, with the
 // delivery tables created from the shipped DDL unless asked for an empty one. The connection is closed and
 // removed, and the file or server database dropped, when the object goes.
 class TempDatabase
@@ -34,9 +34,7 @@ class TempDatabase
 public:
     enum class Schema { Delivery, Empty };
 
-    explicit TempDatabase(Schema schema = Schema::Delivery, Backend backend = {},
-                          const PgServer* server = nullptr);
-    TempDatabase(Schema schema, db::Database::StatementPath path) : TempDatabase(schema, Backend{Engine::SQLite, path}) {}
+    explicit TempDatabase(Schema schema = Schema::Delivery, Backend backend = {});
     TempDatabase(const TempDatabase&) = delete;
     TempDatabase& operator=(const TempDatabase&) = delete;
     ~TempDatabase();
@@ -102,14 +100,21 @@ public:
     // Runs `statements` in turn once the connection is open (e.g. "BEGIN EXCLUSIVE" to hold a lock
     // until the object goes).
     explicit SecondConnection(const TempDatabase& database, std::initializer_list<QString> statements = {});
+    // To the database at `address` (also from another process) with the driver's connect `options`, logged
+    // in as `user` when given; db() takes `path`.
+    explicit SecondConnection(const QString& address, const QString& options = {}, const QString& user = {},
+                              db::Database::StatementPath path = db::Database::StatementPath::Native);
     SecondConnection(const SecondConnection&) = delete;
     SecondConnection& operator=(const SecondConnection&) = delete;
     ~SecondConnection();
 
     void exec(const QString& sql);
+    // The store's access over this connection, as another operator's program holds one.
+    db::Database& db() { return *m_database; }
 
 private:
     QString m_name;
+    std::unique_ptr<db::Database> m_database;
     bool m_inTransaction = false;
 };
 
@@ -127,12 +132,5 @@ inline auto bothEngines()
 {
     return testing::Values(Backend{Engine::SQLite}, Backend{Engine::PostgreSQL});
 }
-
-// For tests that run on both statement paths of SQLite:
-inline auto bothStatementPaths()
-{
-    return testing::Values(db::Database::StatementPath::Native, db::Database::StatementPath::Portable);
-}
-std::string statementPathName(const testing::TestParamInfo<db::Database::StatementPath>& param);
 
 } // namespace tolvinpt::test
