@@ -3,8 +3,11 @@
 // mode with the order fields opened and in new-record mode, and of the split dialog and the package
 // editor; then the field is left with Tab, the record saved and read back from the database. Each case
 // must either be refused with the field's own messages, leaving the database as it was, or store exactly
-// what the field's rule makes of the input, with nothing else in the record changed.
-//   tolvinpt-hostile-input [PER_CLASS]   (offscreen; default: the whole corpus; n: n strings a class)
+// what the field's rule makes of the input, with nothing else in the record changed. The package grid's
+// cells (package rows 1, 50 and 100) get the same strings through the grid and its cell editor, left by
+// Enter, Tab or an arrow; the editor is closed with "戻る" and the packages stored are checked too.
+//   tolvinpt-hostile-input [PER_CLASS]   (offscreen; default: the whole corpus; n: n strings a class;
+//   HOSTILE_SLICE=K/N: every N-th string from the K-th)
 #include "campaigns/campaign_data.h"
 #include "campaigns/hostile_corpus.h"
 #include "campaigns/hostile_rules.h"
@@ -855,7 +858,15 @@ int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
     const int perClass = argc > 1 ? std::atoi(argv[1]) : 0;
-    const QList<HostileString> corpus = hostileCorpus(perClass);
+    QList<HostileString> corpus = hostileCorpus(perClass);
+    // HOSTILE_SLICE=K/N keeps every N-th string from the K-th (from 0): the corpus over N processes.
+    const QStringList slice = qEnvironmentVariable("HOSTILE_SLICE").split(u'/');
+    if (const int parts = slice.value(1).toInt(); parts > 1) {
+        QList<HostileString> kept;
+        for (qsizetype i = slice[0].toInt(); i < corpus.size(); i += parts)
+            kept << corpus[i];
+        corpus = kept;
+    }
     Campaign campaign;
     campaign.run(corpus);
     const std::size_t fields[] = {entryFormFields().size(), entryFormFields().size(), splitDialogFields().size(),
