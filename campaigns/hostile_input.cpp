@@ -77,6 +77,14 @@ void activate(QWidget& window)
         std::fprintf(stderr, "%s does not become the active window\n", qPrintable(window.windowTitle()));
 }
 
+// The platform's question before it sends input-method text to a widget.
+bool takesInputMethod(QWidget* widget)
+{
+    QInputMethodQueryEvent query(Qt::ImEnabled);
+    QApplication::sendEvent(widget, &query);
+    return query.value(Qt::ImEnabled).toBool();
+}
+
 // The operator's hands on `field`: all of its text selected, then `text` typed or pasted over it.
 void enter(QWidget& window, const Field& field, const QString& text, bool typed)
 {
@@ -97,7 +105,7 @@ void enter(QWidget& window, const Field& field, const QString& text, bool typed)
         if (keyboardTypes(c)) {
             QTest::sendKeyEvent(QTest::Click, edit, c < 0x80 ? QTest::asciiToKey(char(c)) : Qt::Key_unknown, piece,
                                 Qt::NoModifier);
-        } else if (field.inputMethod) {
+        } else if (takesInputMethod(edit)) {
             QInputMethodEvent commit;
             commit.setCommitString(piece);
             QApplication::sendEvent(edit, &commit);
@@ -565,14 +573,6 @@ private:
         if (cell.commit != Qt::Key_Tab)
             model.moveTo(model.current + (cell.commit == Qt::Key_Up ? -1 : 1));
         return true;
-    }
-
-    // The platform's question before it sends input-method text.
-    static bool takesInputMethod(QWidget* widget)
-    {
-        QInputMethodQueryEvent query(Qt::ImEnabled);
-        QApplication::sendEvent(widget, &query);
-        return query.value(Qt::ImEnabled).toBool();
     }
 
     // One character, or a surrogate pair, at a time.
