@@ -35,8 +35,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <numeric>
 #include <cstdio>
+#include <numeric>
 
 using namespace tolvinpt;
 using namespace tolvinpt::campaign;
@@ -51,8 +51,8 @@ const QString PackageEditorTitle = u"個別 入数情報"_s;
 const QSet<QString> NumberColumns = {u"F00015"_s, u"F00032"_s, u"F00036"_s, u"Quantity"_s, u"QuantityType"_s};
 
 enum class Window { Browse, NewRecord, Split, PackageEditor, PackageGrid };
-constexpr const char* WindowNames[] = {"entry form, browse mode", "entry form, new-record mode", "split dialog",
-                                       "package editor", "package editor's grid"};
+constexpr const char* WindowNames[] = {"entry form, browse mode", "entry form, new-record mode",
+                                       "split dialog", "package editor", "package editor's grid"};
 constexpr int Windows = 5;
 
 struct Tally
@@ -85,6 +85,27 @@ bool takesInputMethod(QWidget* widget)
     return query.value(Qt::ImEnabled).toBool();
 }
 
+// One key for each character a keyboard sends, an input-method commit for each other one when the widget
+// takes an input method; into the focus widget (which moves to a cell's editor as it opens) unless `into`.
+void typeKeys(const QString& text, QWidget* into = nullptr)
+{
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const bool pair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+        const QString piece = text.mid(i, pair ? 2 : 1);
+        const char32_t c = pair ? QChar::surrogateToUcs4(text[i], text[i + 1]) : text[i].unicode();
+        i += pair ? 1 : 0;
+        QWidget* target = into ? into : QApplication::focusWidget();
+        if (keyboardTypes(c)) {
+            QTest::sendKeyEvent(QTest::Click, target, c < 0x80 ? QTest::asciiToKey(char(c)) : Qt::Key_unknown,
+                                piece, Qt::NoModifier);
+        } else if (takesInputMethod(target)) {
+            QInputMethodEvent commit;
+            commit.setCommitString(piece);
+            QApplication::sendEvent(target, &commit);
+        }
+    }
+}
+
 // The operator's hands on `field`: all of its text selected, then `text` typed or pasted over it.
 void enter(QWidget& window, const Field& field, const QString& text, bool typed)
 {
@@ -97,20 +118,7 @@ void enter(QWidget& window, const Field& field, const QString& text, bool typed)
         QTest::keyClick(edit, Qt::Key_V, Qt::ControlModifier);
         return;
     }
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const bool pair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
-        const QString piece = text.mid(i, pair ? 2 : 1);
-        const char32_t c = pair ? QChar::surrogateToUcs4(text[i], text[i + 1]) : text[i].unicode();
-        i += pair ? 1 : 0;
-        if (keyboardTypes(c)) {
-            QTest::sendKeyEvent(QTest::Click, edit, c < 0x80 ? QTest::asciiToKey(char(c)) : Qt::Key_unknown, piece,
-                                Qt::NoModifier);
-        } else if (takesInputMethod(edit)) {
-            QInputMethodEvent commit;
-            commit.setCommitString(piece);
-            QApplication::sendEvent(edit, &commit);
-        }
-    }
+    typeKeys(text, edit);
 }
 
 // Tab, as the operator leaves a field; false when the field kept the focus (its value was refused).
@@ -134,7 +142,6 @@ bool sameValue(const QString& column, const QVariant& actual, const QVariant& wa
     }
     return actual.toString() == wanted.toString();
 }
-
 
 // The package grid as its rules state it, in thousandths: a move of the active cell from an empty package
 // empties the rows below it and a move downwards from it is taken back; a click below a gap lands on the
@@ -194,9 +201,8 @@ struct GridCell
     bool pasteIntoEditor;
     Qt::Key commit;
 };
-constexpr GridCell GridCells[] = {{0, u"5", false, Qt::Key_Return},
-                                  {49, u"0.1", true, Qt::Key_Tab},
-                                  {99, u"0.1", false, Qt::Key_Up}};
+constexpr GridCell GridCells[] = {
+    {0, u"5", false, Qt::Key_Return}, {49, u"0.1", true, Qt::Key_Tab}, {99, u"0.1", false, Qt::Key_Up}};
 constexpr qint64 DeliveryThousandths = 10000;
 
 class Campaign
@@ -235,7 +241,9 @@ public:
                             [&](const Field& f, const HostileString& s, bool typed) { packageCase(form, f, s, typed); });
             for (std::size_t cell = 0; cell < packageGridFields().size(); ++cell)
                 forEachCase(Window::PackageGrid, packageGridFields()[cell],
-                            [&](const Field&, const HostileString& s, bool typed) { gridCase(form, cell, s, typed); });
+                            [&](const Field&, const HostileString& s, bool typed) {
+                                gridCase(form, cell, s, typed);
+                            });
             calibrateNewRecord(form);
             for (const Field& field : entryFormFields())
                 forEachCase(Window::NewRecord, field, [&](const Field& f, const HostileString& s, bool typed) {
@@ -487,13 +495,15 @@ private:
         const bool meets = model.total() == DeliveryThousandths;
         Outcome expected;
         expected.refused = !meets;
-        const QString question = u"変更内容を保存しますか"_s, mismatch = u"入数の合計が納入数量と一致しません"_s;
+        const QString question = u"変更内容を保存しますか"_s,
+                      mismatch = u"入数の合計が納入数量と一致しません"_s;
         if (model.changed)
             expected.messages << question;
         if (!meets)
             expected.messages << mismatch;
         else
-            expected.stored = {{u"QuantityType"_s, u"3"_s}, {u"Quantity"_s, QString::fromUtf16(cell.equalSplit)}};
+            expected.stored = {{u"QuantityType"_s, u"3"_s},
+                               {u"Quantity"_s, QString::fromUtf16(cell.equalSplit)}};
         if (accepted != meets)
             violation(accepted ? u"the editor accepted a total other than the delivery quantity"_s
                                : u"the editor refused packages that add up to the delivery quantity"_s);
@@ -535,18 +545,7 @@ private:
         QString box;
         bool editing = false;
         if (typed) {
-            for (const QString& piece : pieces(text)) {
-                QWidget* focus = QApplication::focusWidget();
-                const char32_t c = piece.size() == 2 ? QChar::surrogateToUcs4(piece[0], piece[1]) : piece[0].unicode();
-                if (keyboardTypes(c)) {
-                    QTest::sendKeyEvent(QTest::Click, focus, c < 0x80 ? QTest::asciiToKey(char(c)) : Qt::Key_unknown,
-                                        piece, Qt::NoModifier);
-                } else if (takesInputMethod(focus)) {
-                    QInputMethodEvent commit;
-                    commit.setCommitString(piece);
-                    QApplication::sendEvent(focus, &commit);
-                }
-            }
+            typeKeys(text);
             box = entered(field, before, text, true);
             editing = !entered(field, QString(), text, true).isEmpty();
         } else {
@@ -573,18 +572,6 @@ private:
         if (cell.commit != Qt::Key_Tab)
             model.moveTo(model.current + (cell.commit == Qt::Key_Up ? -1 : 1));
         return true;
-    }
-
-    // One character, or a surrogate pair, at a time.
-    static QStringList pieces(const QString& text)
-    {
-        QStringList list;
-        for (qsizetype i = 0; i < text.size(); ++i) {
-            const bool pair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
-            list << text.mid(i, pair ? 2 : 1);
-            i += pair ? 1 : 0;
-        }
-        return list;
     }
 
     // The grid's rows and active row against the model.
@@ -633,8 +620,9 @@ private:
         QSqlQuery query(temp.connection());
         query.exec(u"SELECT IDData, Sequence, Quantity FROM T_DeliveryQTY ORDER BY IDData, Sequence"_s);
         while (query.next())
-            actual << u"%1:%2:%3"_s.arg(query.value(0).toLongLong()).arg(query.value(1).toInt()).arg(
-                          std::llround(query.value(2).toString().toDouble() * 1000));
+            actual << u"%1:%2:%3"_s.arg(query.value(0).toLongLong())
+                          .arg(query.value(1).toInt())
+                          .arg(std::llround(query.value(2).toString().toDouble() * 1000));
         if (actual != expected)
             violation(u"packages stored [%1], expected [%2]"_s.arg(visible(actual.join(u' '), 200),
                                                                    visible(expected.join(u' '), 200)));
@@ -869,8 +857,9 @@ int main(int argc, char** argv)
     }
     Campaign campaign;
     campaign.run(corpus);
-    const std::size_t fields[] = {entryFormFields().size(), entryFormFields().size(), splitDialogFields().size(),
-                                  packageEditorFields().size(), packageGridFields().size()};
+    const std::size_t fields[] = {entryFormFields().size(), entryFormFields().size(),
+                                  splitDialogFields().size(), packageEditorFields().size(),
+                                  packageGridFields().size()};
     int violations = 0;
     std::printf("%lld hostile strings, typed and pasted\n", qlonglong(corpus.size()));
     for (int w = 0; w < Windows; ++w) {
