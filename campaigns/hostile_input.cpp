@@ -3,13 +3,17 @@
 // mode with the order fields opened and in new-record mode, and of the split dialog and the package
 // editor; then the field is left with Tab, the record saved and read back from the database. Each case
 // must either be refused with the field's own messages, leaving the database as it was, or store exactly
-// what the field's rule makes of the input, with nothing else in the record changed.
-//   tolvinpt-hostile-input [PER_CLASS]   (offscreen; default: the whole corpus; n: n strings a class)
+// what the field's rule makes of the input, with nothing else in the record changed. The package grid's
+// cells (package rows 1, 50 and 100) get the same strings through the grid and its cell editor, left by
+// Enter, Tab or an arrow; the editor is closed with "戻る" and the packages stored are checked too.
+//   tolvinpt-hostile-input [PER_CLASS]   (offscreen; default: the whole corpus; n: n strings a class;
+//   HOSTILE_SLICE=K/N: every N-th string from the K-th)
 #include "campaigns/campaign_data.h"
 #include "campaigns/hostile_corpus.h"
 #include "campaigns/hostile_rules.h"
 #include "campaigns/operator_robot.h"
 #include "tests/support/fake_host.h"
+#include "tests/support/operator_input.h"
 #include "tests/support/temp_database.h"
 
 #include <tolvinpt/fmInput.h>
@@ -26,8 +30,13 @@
 #include <QTabBar>
 #include <QTest>
 
+#include <QAbstractItemView>
+
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
+#include <numeric>
 
 using namespace tolvinpt;
 using namespace tolvinpt::campaign;
@@ -41,9 +50,10 @@ const QString PackageEditorTitle = u"個別 入数情報"_s;
 // Columns whose stored value is a number, whatever its text.
 const QSet<QString> NumberColumns = {u"F00015"_s, u"F00032"_s, u"F00036"_s, u"Quantity"_s, u"QuantityType"_s};
 
-enum class Window { Browse, NewRecord, Split, PackageEditor };
+enum class Window { Browse, NewRecord, Split, PackageEditor, PackageGrid };
 constexpr const char* WindowNames[] = {"entry form, browse mode", "entry form, new-record mode",
-                                       "split dialog", "package editor"};
+                                       "split dialog", "package editor", "package editor's grid"};
+constexpr int Windows = 5;
 
 struct Tally
 {
@@ -67,6 +77,35 @@ void activate(QWidget& window)
         std::fprintf(stderr, "%s does not become the active window\n", qPrintable(window.windowTitle()));
 }
 
+// The platform's question before it sends input-method text to a widget.
+bool takesInputMethod(QWidget* widget)
+{
+    QInputMethodQueryEvent query(Qt::ImEnabled);
+    QApplication::sendEvent(widget, &query);
+    return query.value(Qt::ImEnabled).toBool();
+}
+
+// One key for each character a keyboard sends, an input-method commit for each other one when the widget
+// takes an input method; into the focus widget (which moves to a cell's editor as it opens) unless `into`.
+void typeKeys(const QString& text, QWidget* into = nullptr)
+{
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const bool pair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+        const QString piece = text.mid(i, pair ? 2 : 1);
+        const char32_t c = pair ? QChar::surrogateToUcs4(text[i], text[i + 1]) : text[i].unicode();
+        i += pair ? 1 : 0;
+        QWidget* target = into ? into : QApplication::focusWidget();
+        if (keyboardTypes(c)) {
+            QTest::sendKeyEvent(QTest::Click, target, c < 0x80 ? QTest::asciiToKey(char(c)) : Qt::Key_unknown,
+                                piece, Qt::NoModifier);
+        } else if (takesInputMethod(target)) {
+            QInputMethodEvent commit;
+            commit.setCommitString(piece);
+            QApplication::sendEvent(target, &commit);
+        }
+    }
+}
+
 // The operator's hands on `field`: all of its text selected, then `text` typed or pasted over it.
 void enter(QWidget& window, const Field& field, const QString& text, bool typed)
 {
@@ -79,20 +118,7 @@ void enter(QWidget& window, const Field& field, const QString& text, bool typed)
         QTest::keyClick(edit, Qt::Key_V, Qt::ControlModifier);
         return;
     }
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const bool pair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
-        const QString piece = text.mid(i, pair ? 2 : 1);
-        const char32_t c = pair ? QChar::surrogateToUcs4(text[i], text[i + 1]) : text[i].unicode();
-        i += pair ? 1 : 0;
-        if (keyboardTypes(c)) {
-            QTest::sendKeyEvent(QTest::Click, edit, c < 0x80 ? QTest::asciiToKey(char(c)) : Qt::Key_unknown, piece,
-                                Qt::NoModifier);
-        } else if (field.inputMethod) {
-            QInputMethodEvent commit;
-            commit.setCommitString(piece);
-            QApplication::sendEvent(edit, &commit);
-        }
-    }
+    typeKeys(text, edit);
 }
 
 // Tab, as the operator leaves a field; false when the field kept the focus (its value was refused).
@@ -116,6 +142,68 @@ bool sameValue(const QString& column, const QVariant& actual, const QVariant& wa
     }
     return actual.toString() == wanted.toString();
 }
+
+// The package grid as its rules state it, in thousandths: a move of the active cell from an empty package
+// empties the rows below it and a move downwards from it is taken back; a click below a gap lands on the
+// first empty row after the packages. `changed` is any cell changed since the editor opened.
+struct GridModel
+{
+    static constexpr int Rows = 100;
+    std::array<qint64, Rows> rows{};
+    int current = 0;
+    bool changed = false;
+
+    void write(int row, qint64 value)
+    {
+        changed = changed || rows[std::size_t(row)] != value;
+        rows[std::size_t(row)] = value;
+    }
+    void moveTo(int row)
+    {
+        row = std::clamp(row, 0, Rows - 1);
+        if (row != current && rows[std::size_t(current)] == 0) {
+            for (int below = current; below < Rows; ++below)
+                write(below, 0);
+            if (row > current)
+                return;
+        }
+        current = row;
+    }
+    void click(int row)
+    {
+        moveTo(row);
+        while (row >= 1 && rows[std::size_t(row - 1)] == 0)
+            --row;
+        moveTo(row);
+    }
+    void paste(const QString& text)
+    {
+        const QStringList lines = pastedLines(text);
+        if (current + lines.size() > Rows)
+            return;
+        for (qsizetype i = 0; i < lines.size(); ++i)
+            write(current + int(i), packageCell(lines[i]));
+    }
+    qint64 total() const { return std::accumulate(rows.cbegin(), rows.cend(), qint64(0)); }
+    // Three decimals; an empty package shows nothing.
+    static QString shown(qint64 value)
+    {
+        return value == 0 ? QString() : u"%1.%2"_s.arg(value / 1000).arg(value % 1000, 3, 10, QChar(u'0'));
+    }
+};
+
+// How the operator reaches and leaves each grid cell of packageGridFields(): the packages the equal split
+// lays out first, the paste (Ctrl+V on the grid, or into the cell opened with F2) and the key that ends it.
+struct GridCell
+{
+    int row;
+    const char16_t* equalSplit;
+    bool pasteIntoEditor;
+    Qt::Key commit;
+};
+constexpr GridCell GridCells[] = {
+    {0, u"5", false, Qt::Key_Return}, {49, u"0.1", true, Qt::Key_Tab}, {99, u"0.1", false, Qt::Key_Up}};
+constexpr qint64 DeliveryThousandths = 10000;
 
 class Campaign
 {
@@ -151,6 +239,11 @@ public:
             for (const Field& field : packageEditorFields())
                 forEachCase(Window::PackageEditor, field,
                             [&](const Field& f, const HostileString& s, bool typed) { packageCase(form, f, s, typed); });
+            for (std::size_t cell = 0; cell < packageGridFields().size(); ++cell)
+                forEachCase(Window::PackageGrid, packageGridFields()[cell],
+                            [&](const Field&, const HostileString& s, bool typed) {
+                                gridCase(form, cell, s, typed);
+                            });
             calibrateNewRecord(form);
             for (const Field& field : entryFormFields())
                 forEachCase(Window::NewRecord, field, [&](const Field& f, const HostileString& s, bool typed) {
@@ -168,7 +261,7 @@ public:
         }
     }
 
-    Tally tallies[4];
+    Tally tallies[Windows];
     int notEditable = 0;
 
 private:
@@ -361,6 +454,178 @@ private:
                 violation(u"the package rows are not the one package of 10"_s);
         }
         leaveRecord(form);
+    }
+
+    // A package cell of the grid: the packages laid out by an equal split, the cell clicked, the string
+    // typed or pasted and the cell left; then the operator makes the total meet the delivery quantity in
+    // the first empty row when it falls short, and closes with "戻る", Yes (No after the mismatch).
+    void gridCase(QWidget& form, std::size_t index, const HostileString& string, bool typed)
+    {
+        const GridCell& cell = GridCells[index];
+        const Field& field = packageGridFields()[index];
+        GridModel model;
+        model.write(0, DeliveryThousandths); // the individual option: one package of the delivery quantity
+        model.changed = false;
+        QStringList shown;
+        bool accepted = false, asModelled = false;
+        robot.when(PackageEditorTitle, [&](QWidget& dialog) {
+            activate(dialog);
+            layOut(dialog, model, cell);
+            auto* grid = dialog.findChild<QAbstractItemView*>(u"spdQuantity"_s);
+            clickCell(grid, model, cell.row);
+            asModelled = enterCell(grid, field, cell, model, string.text, typed) && sameGrid(grid, model);
+            if (asModelled)
+                balance(grid, model);
+            robot.takeMessages();
+            OperatorRobot::press(dialog, u"戻る"_s);
+            accepted = !dialog.isVisible();
+            shown = robot.takeMessages();
+            if (dialog.isVisible()) {
+                robot.answerWith(QMessageBox::No);
+                OperatorRobot::press(dialog, u"戻る"_s);
+                robot.answerWith(QMessageBox::NoButton);
+                shown += robot.takeMessages();
+            }
+        });
+        OperatorRobot::press(form, u"optQuantity(3)"_s);
+        robot.takeMessages();
+        OperatorRobot::press(form, u"cmdQuantity"_s);
+        if (!asModelled)
+            return leaveRecord(form);
+        const bool meets = model.total() == DeliveryThousandths;
+        Outcome expected;
+        expected.refused = !meets;
+        const QString question = u"変更内容を保存しますか"_s,
+                      mismatch = u"入数の合計が納入数量と一致しません"_s;
+        if (model.changed)
+            expected.messages << question;
+        if (!meets)
+            expected.messages << mismatch;
+        else
+            expected.stored = {{u"QuantityType"_s, u"3"_s},
+                               {u"Quantity"_s, QString::fromUtf16(cell.equalSplit)}};
+        if (accepted != meets)
+            violation(accepted ? u"the editor accepted a total other than the delivery quantity"_s
+                               : u"the editor refused packages that add up to the delivery quantity"_s);
+        if (accepted)
+            OperatorRobot::run(form, u"mnuDataSave"_s);
+        judge(expected, shown + robot.takeMessages(), {{ids[m_current], pristine[m_current]}}, {});
+        checkPackages(meets ? model.rows : GridModel{}.rows);
+        leaveRecord(form);
+    }
+
+    // Equal split by `cell.equalSplit`, typed into txtEquality and run by Enter.
+    void layOut(QWidget& dialog, GridModel& model, const GridCell& cell)
+    {
+        OperatorRobot::type(dialog, u"txtEquality"_s, QString::fromUtf16(cell.equalSplit));
+        QTest::keyClick(lineEdit(dialog, u"txtEquality"_s), Qt::Key_Return);
+        const qint64 each = QString::fromUtf16(cell.equalSplit).toDouble() * 1000 + 0.5;
+        int row = 0;
+        for (; row < DeliveryThousandths / each; ++row)
+            model.write(row, each);
+        for (; row < GridModel::Rows && model.rows[std::size_t(row)] != 0; ++row)
+            model.write(row, 0);
+        model.current = 0;
+    }
+
+    static void clickCell(QAbstractItemView* grid, GridModel& model, int row)
+    {
+        const QModelIndex index = grid->model()->index(row, 0);
+        grid->scrollTo(index);
+        test::clickThrough(grid->viewport(), grid->visualRect(index).center());
+        model.click(row);
+    }
+
+    // The string into the active cell, then the cell's commit key; false when the cell's editor did not
+    // hold what the rules give.
+    bool enterCell(QAbstractItemView* grid, const Field& field, const GridCell& cell, GridModel& model,
+                   const QString& text, bool typed)
+    {
+        const QString before = GridModel::shown(model.rows[std::size_t(model.current)]);
+        QString box;
+        bool editing = false;
+        if (typed) {
+            typeKeys(text);
+            box = entered(field, before, text, true);
+            editing = !entered(field, QString(), text, true).isEmpty();
+        } else {
+            QGuiApplication::clipboard()->setText(text);
+            if (cell.pasteIntoEditor)
+                QTest::keyClick(grid, Qt::Key_F2);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_V, Qt::ControlModifier);
+            editing = cell.pasteIntoEditor && !text.contains(u'\n');
+            box = text; // the clipboard replaces the selected text of the opened cell
+            if (!editing)
+                model.paste(text);
+        }
+        auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+        const bool inCell = editor && editor->parentWidget() == grid->viewport();
+        if (inCell != editing || (editing && editor->text() != box)) {
+            violation(u"the cell %1, the entry rules give %2"_s.arg(
+                inCell ? u"holds "_s + visible(editor->text()) : u"is not being edited"_s,
+                editing ? visible(box) : u"no edit"_s));
+            return false;
+        }
+        QTest::keyClick(QApplication::focusWidget(), cell.commit);
+        if (editing)
+            model.write(model.current, packageCell(box));
+        if (cell.commit != Qt::Key_Tab)
+            model.moveTo(model.current + (cell.commit == Qt::Key_Up ? -1 : 1));
+        return true;
+    }
+
+    // The grid's rows and active row against the model.
+    bool sameGrid(QAbstractItemView* grid, const GridModel& model)
+    {
+        for (int row = 0; row < GridModel::Rows; ++row) {
+            const QString cell = grid->model()->index(row, 0).data().toString();
+            if (cell != GridModel::shown(model.rows[std::size_t(row)])) {
+                violation(u"package row %1 shows %2, the rules give %3"_s.arg(row + 1).arg(
+                    visible(cell), visible(GridModel::shown(model.rows[std::size_t(row)]))));
+                return false;
+            }
+        }
+        if (grid->currentIndex().row() != model.current) {
+            violation(u"the active row is %1, the rules give %2"_s.arg(grid->currentIndex().row() + 1)
+                          .arg(model.current + 1));
+            return false;
+        }
+        return true;
+    }
+
+    // What the total lacks, typed into the first empty row, when there is one.
+    static void balance(QAbstractItemView* grid, GridModel& model)
+    {
+        const auto empty = std::find(model.rows.cbegin(), model.rows.cend(), 0);
+        if (model.total() >= DeliveryThousandths || empty == model.rows.cend())
+            return;
+        clickCell(grid, model, int(empty - model.rows.cbegin()));
+        const qint64 lacking = DeliveryThousandths - model.total();
+        if (lacking <= 0 || model.rows[std::size_t(model.current)] != 0)
+            return;
+        test::typeText(GridModel::shown(lacking));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        model.write(model.current, lacking);
+        model.moveTo(model.current + 1);
+    }
+
+    // The package rows in the database: those of `rows` (in thousandths, the empty ones left out), in
+    // order from Sequence 1, for the current record only.
+    void checkPackages(const std::array<qint64, GridModel::Rows>& rows)
+    {
+        QStringList expected, actual;
+        for (const qint64 value : rows)
+            if (value != 0)
+                expected << u"%1:%2:%3"_s.arg(ids[m_current]).arg(expected.size() + 1).arg(value);
+        QSqlQuery query(temp.connection());
+        query.exec(u"SELECT IDData, Sequence, Quantity FROM T_DeliveryQTY ORDER BY IDData, Sequence"_s);
+        while (query.next())
+            actual << u"%1:%2:%3"_s.arg(query.value(0).toLongLong())
+                          .arg(query.value(1).toInt())
+                          .arg(std::llround(query.value(2).toString().toDouble() * 1000));
+        if (actual != expected)
+            violation(u"packages stored [%1], expected [%2]"_s.arg(visible(actual.join(u' '), 200),
+                                                                   visible(expected.join(u' '), 200)));
     }
 
     // The field's text after the entry against what the toolkit and the key rules make of the input.
@@ -581,14 +846,23 @@ int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
     const int perClass = argc > 1 ? std::atoi(argv[1]) : 0;
-    const QList<HostileString> corpus = hostileCorpus(perClass);
+    QList<HostileString> corpus = hostileCorpus(perClass);
+    // HOSTILE_SLICE=K/N keeps every N-th string from the K-th (from 0): the corpus over N processes.
+    const QStringList slice = qEnvironmentVariable("HOSTILE_SLICE").split(u'/');
+    if (const int parts = slice.value(1).toInt(); parts > 1) {
+        QList<HostileString> kept;
+        for (qsizetype i = slice[0].toInt(); i < corpus.size(); i += parts)
+            kept << corpus[i];
+        corpus = kept;
+    }
     Campaign campaign;
     campaign.run(corpus);
-    const std::size_t fields[] = {entryFormFields().size(), entryFormFields().size(), splitDialogFields().size(),
-                                  packageEditorFields().size()};
+    const std::size_t fields[] = {entryFormFields().size(), entryFormFields().size(),
+                                  splitDialogFields().size(), packageEditorFields().size(),
+                                  packageGridFields().size()};
     int violations = 0;
     std::printf("%lld hostile strings, typed and pasted\n", qlonglong(corpus.size()));
-    for (int w = 0; w < 4; ++w) {
+    for (int w = 0; w < Windows; ++w) {
         const Tally& t = campaign.tallies[w];
         std::printf("%-28s %2zu fields x %lld strings x 2 = %5d cases: %5d refused with the field's message, "
                     "%5d stored as the rule says, %4d left the record as it was, %d violations\n",

@@ -54,6 +54,12 @@ const Field SplitDialogFields[] = {
 const Field PackageEditorFields[] = {
     {u"txtEquality"_s,       u"Quantity"_s, Rule::EqualSplit, 13, K::Number, false},
 };
+// A number cell: number keys only, no input method, no length limit of its own.
+const Field PackageGridFields[] = {
+    {u"spdQuantity(1)"_s,    u"Quantity"_s, Rule::PackageCell, 0, K::Number, false},
+    {u"spdQuantity(50)"_s,   u"Quantity"_s, Rule::PackageCell, 0, K::Number, false},
+    {u"spdQuantity(100)"_s,  u"Quantity"_s, Rule::PackageCell, 0, K::Number, false},
+};
 // clang-format on
 
 // JIS X 0201 katakana U+FF61 to U+FF9F and their full-width forms, in the same order.
@@ -658,6 +664,40 @@ std::span<const Field> packageEditorFields()
     return PackageEditorFields;
 }
 
+std::span<const Field> packageGridFields()
+{
+    return PackageGridFields;
+}
+
+qint64 packageCell(const QString& text)
+{
+    Number v = rounded(leadingNumber(text), 3);
+    if (v.negative || v.isZero())
+        return 0;
+    if (compare(v, MaxQuantity) > 0)
+        v = MaxQuantity;
+    return v.integer.toLongLong() * 1000 + v.fraction.leftJustified(3, u'0').toLongLong();
+}
+
+QStringList pastedLines(const QString& text)
+{
+    QStringList lines;
+    QString line;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i] != u'\r' && text[i] != u'\n') {
+            line += text[i];
+            continue;
+        }
+        if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n')
+            ++i;
+        lines << line.section(u'\t', 0, 0);
+        line.clear();
+    }
+    if (!line.isEmpty() || lines.isEmpty())
+        lines << line.section(u'\t', 0, 0);
+    return lines;
+}
+
 bool keyboardTypes(char32_t c)
 {
     return c <= 0xFFFF && !QChar::isSurrogate(c) && QChar::isPrint(c);
@@ -733,6 +773,8 @@ Outcome expectedOutcome(const Field& field, const QString& box, const Around& ar
         return splitKeyOutcome(field, box, around);
     case Rule::SplitQuantity:
         return splitQuantityOutcome(box, around);
+    case Rule::PackageCell:
+        break; // the grid's case states its outcome (packageCell)
     }
     return {};
 }

@@ -24,6 +24,7 @@ enum class Rule {
     EqualSplit,      // strict number, at most the delivery quantity, shown "#0.000"
     SplitKey,        // a key other than the source's, half-width
     SplitQuantity,   // leading number, 3 decimals, the source keeps at least 0.001
+    PackageCell,     // a package row of the grid: see packageCell()
 };
 
 // What a key does before the field sees it.
@@ -43,6 +44,8 @@ struct Field
 std::span<const Field> entryFormFields();
 std::span<const Field> splitDialogFields();
 std::span<const Field> packageEditorFields();
+// The package grid's cells the campaign enters: package rows 1, 50 and 100 ("spdQuantity(ROW)").
+std::span<const Field> packageGridFields();
 
 // True when a key of the keyboard sends `c` as its text; other characters come through the input
 // method.
@@ -72,6 +75,14 @@ struct Around
     bool shipAndDueDateRequired = true;
     bool itemName = true; // the record has an item name, so the item code may be empty
 };
+
+// A package cell: the quantity, in thousandths, that a typed or pasted text gives it; 0 is an empty cell.
+// The leading number to 3 decimals, half to even; nothing, zero or less empties the cell, more than
+// 999,999,999.999 becomes that.
+qint64 packageCell(const QString& text);
+// A paste into the grid: one value a line (lines end at CR LF, LF or CR; a final line break ends nothing),
+// the first tab-separated field of each.
+QStringList pastedLines(const QString& text);
 
 // `box` is the field's text before it is left (see entered()).
 Outcome expectedOutcome(const Field& field, const QString& box, const Around& around);

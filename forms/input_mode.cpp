@@ -4,12 +4,15 @@
 
 #include <QComboBox>
 #include <QEvent>
+#include <QInputMethodQueryEvent>
 #include <QLineEdit>
 
 namespace tolvinpt {
 namespace {
 
-// QLineEdit turns its input method back on whenever it becomes writable again.
+// QLineEdit turns its input method back on whenever it becomes writable again, an item view with every
+// focus and current cell: the platform's question whether the field takes an input method is answered
+// no here, and input-method text that still arrives is dropped.
 class KeepInputMethodOff final : public GuardedEventFilter
 {
 public:
@@ -18,9 +21,23 @@ public:
 private:
     bool filter(QObject* watched, QEvent* event) override
     {
-        if (event->type() == QEvent::ReadOnlyChange || event->type() == QEvent::EnabledChange)
+        switch (event->type()) {
+        case QEvent::ReadOnlyChange:
+        case QEvent::EnabledChange:
             static_cast<QWidget*>(watched)->setAttribute(Qt::WA_InputMethodEnabled, false);
-        return false;
+            return false;
+        case QEvent::InputMethodQuery: {
+            auto* query = static_cast<QInputMethodQueryEvent*>(event);
+            if (query->queries() != Qt::ImEnabled)
+                return false;
+            query->setValue(Qt::ImEnabled, false);
+            return true;
+        }
+        case QEvent::InputMethod:
+            return true;
+        default:
+            return false;
+        }
     }
 };
 

@@ -1,6 +1,7 @@
 #include "forms/frmQuantity/package_grid.h"
 
 #include "forms/frmQuantity/package_model.h"
+#include "forms/input_mode.h"
 #include "platform/widgets/guarded.h"
 #include "platform/widgets/key_filter.h"
 #include "platform/widgets/messages.h"
@@ -21,7 +22,8 @@ namespace {
 
 constexpr int LastPackageRow = PackageModel::SumRow - 1;
 
-// Number keys only, right-aligned; Enter and Tab end the edit the way the grid wants it.
+// Number keys only and no input method, as every number field; right-aligned; Enter and Tab end the edit
+// the way the grid wants it.
 class PackageDelegate final : public QStyledItemDelegate
 {
 public:
@@ -35,6 +37,7 @@ public:
             if (auto* edit = qobject_cast<QLineEdit*>(editor)) {
                 edit->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
                 setKeyPress(edit, numberKey);
+                applyInputMode(edit, InputMode::Disabled);
             }
         });
         return editor;
@@ -100,6 +103,8 @@ PackageGrid::PackageGrid(PackageModel* model, QWidget* parent) : QTableView(pare
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
     setTabKeyNavigation(false);
     setCornerButtonEnabled(false);
+    // Input-method text would open a cell as a key does: the number cells take keys only.
+    applyInputMode(this, InputMode::Disabled);
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setSectionsClickable(false);
     verticalHeader()->setSectionsClickable(false);

@@ -26,8 +26,9 @@ public:
     // Makes `row` the active cell as a move of the operator would, with the rules above.
     void goToRow(int row);
     // Fills the rows from the active one down with the lines of `text` (a spreadsheet column: one value a
-    // line, CR LF or LF, the first tab-separated field of each, a final line break ignored), each through
-    // the cell rule. When the lines do not fit into the rows left, nothing changes and the beep sounds.
+    // line, CR LF, LF or CR, the first tab-separated field of each, a final line break ignored), each
+    // through the cell rule. When the lines do not fit into the rows left, nothing changes and the beep
+    // sounds.
     void paste(const QString& text);
 
     // The cell being edited ends: stored, then the active cell moves down or up, or the focus leaves

@@ -8,6 +8,7 @@
 #include "forms/keyed_toolbar.h"
 #include "store/package_quantities.h"
 
+#include <QInputMethodEvent>
 #include <QToolButton>
 
 using namespace tolvinpt;
@@ -185,6 +186,32 @@ TEST_F(QuantityEditorTest, APastedColumnFillsTheRowsFromTheActiveOne)
     QTest::keyClick(dialog->grid(), Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(messages.beeps, 2) << "three rows do not fit below row 99";
     EXPECT_EQ(rows(), u"1.000 999999999.999 _ _ 2.500"_s);
+}
+
+TEST_F(QuantityEditorTest, TheCellsTakeNoInputMethodText)
+{
+    open(u"10"_s, {u"4"_s, u"6"_s});
+    // The item view turns its input method back on with every focus and current cell: on opening, after a
+    // move, in a cell opened with F2.
+    const struct { bool opened; QString after; } steps[] = {{false, u"_"_s}, {false, u"^"_s}, {true, u"\n"_s}};
+    for (const auto& [opened, after] : steps) {
+        QWidget* focus = QApplication::focusWidget();
+        if (opened) {
+            QTest::keyClick(focus, Qt::Key_F2);
+            focus = QApplication::focusWidget();
+            ASSERT_NE(focus, dialog->grid());
+        }
+        QInputMethodQueryEvent query(Qt::ImEnabled);
+        QApplication::sendEvent(focus, &query);
+        EXPECT_FALSE(query.value(Qt::ImEnabled).toBool()) << "the platform asks before it sends";
+        QInputMethodEvent commit;
+        commit.setCommitString(u"\uFF11\uFF12"_s);
+        QApplication::sendEvent(focus, &commit);
+        EXPECT_EQ(QApplication::focusWidget(), focus) << "no cell opened";
+        EXPECT_EQ(focus->property("text").toString(), opened ? u"4.000"_s : QString());
+        type(after);
+        EXPECT_EQ(rows(), u"4.000 6.000"_s);
+    }
 }
 
 TEST_F(QuantityEditorTest, ClosingAsksAndAcceptsOnlyPackagesThatAddUpToTheDelivery)
