@@ -46,7 +46,6 @@ namespace {
 
 using Row = QHash<QString, QVariant>;
 
-const QString PackageEditorTitle = u"個別 入数情報"_s;
 // Columns whose stored value is a number, whatever its text.
 const QSet<QString> NumberColumns = {u"F00015"_s, u"F00032"_s, u"F00036"_s, u"Quantity"_s, u"QuantityType"_s};
 

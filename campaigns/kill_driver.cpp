@@ -45,7 +45,7 @@ void choosePackages(QWidget& form, OperatorRobot& robot, const Decimal& delivery
                          count == 0 ? QStringLiteral("optQuantity(1)") : QStringLiteral("optQuantity(3)"));
     if (count == 0)
         return;
-    robot.when(QStringLiteral("個別 入数情報"), [delivery, count](QWidget& editor) {
+    robot.when(PackageEditorTitle, [delivery, count](QWidget& editor) {
         QAbstractItemModel* model = editor.findChild<QTableView*>()->model();
         const QStringList quantities = packagesOf(delivery, count);
         for (int row = 0; row < 100; ++row)
